@@ -1,0 +1,51 @@
+# Quick start: `make demo` and `make test`. Both install missing Debian
+# packages first (`make deps`), configure with a CMake preset, build, then run.
+PRESET ?= release
+JOBS ?= $(shell nproc 2>/dev/null || echo 2)
+BUILD_DIR := build/$(PRESET)
+
+DEB_PACKAGES := cmake make g++ pkg-config ccache \
+  libgtest-dev libgmock-dev libbenchmark-dev \
+  libpugixml-dev libzip-dev libeigen3-dev libboost-dev libcli11-dev
+
+.PHONY: all deps configure build test demo bench fuzz format clean
+
+all: build
+
+deps:
+	@missing=""; \
+	for p in $(DEB_PACKAGES); do \
+	  dpkg-query -W -f='$${Status}\n' $$p 2>/dev/null | grep -q '^install ok installed' || missing="$$missing $$p"; \
+	done; \
+	if [ -z "$$missing" ]; then exit 0; fi; \
+	if [ "$$(id -u)" != "0" ]; then \
+	  echo "make deps: these Debian packages are missing:$$missing"; \
+	  echo "make deps: run as root:  apt-get update && apt-get install -y --no-install-recommends$$missing"; \
+	  exit 1; \
+	fi; \
+	echo "make deps: installing$$missing"; \
+	apt-get update && DEBIAN_FRONTEND=noninteractive apt-get install -y --no-install-recommends $$missing
+
+configure: deps
+	cmake --preset $(PRESET)
+
+build: configure
+	cmake --build --preset $(PRESET) -j $(JOBS)
+
+test: build
+	ctest --preset $(PRESET) --output-on-failure -j $(JOBS)
+
+demo: build
+	$(BUILD_DIR)/qvdoc demo --out $(BUILD_DIR)/demo
+
+bench: build
+	@for b in $(BUILD_DIR)/bench/bench_*; do [ -x "$$b" ] && "$$b" --benchmark_counters_tabular=true; done
+
+fuzz: deps
+	$(MAKE) PRESET=fuzz build
+
+format:
+	git ls-files '*.h' '*.cpp' | xargs clang-format -i
+
+clean:
+	rm -rf build

@@ -1,0 +1,41 @@
+#pragma once
+// Conversions between the API's wide strings and the UTF-8 of files.
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace str {
+
+// UTF-8 to wide (UTF-32 on Linux). Malformed sequences become U+FFFD.
+std::wstring to_wstring(std::string_view utf8);
+
+// Wide to UTF-8. Unpaired surrogates and values beyond U+10FFFF become U+FFFD.
+std::string to_utf8(std::wstring_view wide);
+
+// Numbers as text. Doubles use the shortest form that reads back exactly.
+std::wstring to_wstring(double value);
+std::wstring to_wstring(long long value);
+std::wstring to_wstring(unsigned long long value);
+inline std::wstring to_wstring(int value) { return to_wstring(static_cast<long long>(value)); }
+inline std::wstring to_wstring(long value) { return to_wstring(static_cast<long long>(value)); }
+inline std::wstring to_wstring(unsigned value) {
+  return to_wstring(static_cast<unsigned long long>(value));
+}
+inline std::wstring to_wstring(unsigned long value) {
+  return to_wstring(static_cast<unsigned long long>(value));
+}
+
+// Whole-text number parsing: leading/trailing blanks allowed, nothing else.
+// Return false (and leave `out` alone) when the text is not a number or is
+// out of range.
+bool parse(std::wstring_view text, double& out);
+bool parse(std::wstring_view text, std::int64_t& out);
+
+// ASCII case-insensitive comparison (file extensions, keywords).
+bool iequals(std::wstring_view a, std::wstring_view b);
+std::wstring to_lower(std::wstring_view text);
+
+// Blanks removed from both ends.
+std::wstring_view trim(std::wstring_view text);
+
+}  // namespace str

@@ -1,0 +1,110 @@
+#pragma once
+// Data that only one analysis kind needs, held per analysis in the
+// containers 61 to 67 ("SoluteItems" ... "EvapoItems").
+#include <algorithm>
+#include <memory>
+#include <utility>
+#include <vector>
+
+#include "V7Doc/core/IQVContainer.h"
+#include "V7Doc/core/QVContainerManager.h"
+
+namespace v7 {
+
+inline constexpr GID kAnalysesContainerID = 8;
+
+class AnalysisData {
+ public:
+  virtual ~AnalysisData() = default;
+  // Resets to the defaults.
+  virtual void DataInit() = 0;
+  // Squeezes out deleted entries of the data's own lists.
+  virtual void FullCompact() {}
+  // Copies `other`, which is of the same type.
+  virtual void Assign(const AnalysisData& other) = 0;
+  virtual bool IsEqual(const AnalysisData& other) const = 0;
+  // Appends, for the analysis `analysis`, the references this data holds to
+  // records of `container`.
+  virtual void OnGetUsageOf(GID analysis, const GID& container, UsageList& usage) const {
+    (void)analysis;
+    (void)container;
+    (void)usage;
+  }
+};
+
+// One entry per analysis: the analysis GID and its data, sorted by GID. It
+// follows the analyses table: deleted analyses lose their entry, renumbered
+// ones are re-keyed.
+template <class T>
+class AnalysisDataByAnalysisID : public IQVContainer, public IQVChangeListener {
+ public:
+  using Entry = std::pair<GID, T>;
+
+  // The data of `analysis`, created with its defaults when absent.
+  T& Get(GID analysis) {
+    auto it = LowerBound(analysis);
+    if (it == entries_.end() || it->first != analysis) {
+      T data;
+      data.DataInit();
+      it = entries_.insert(it, {analysis, std::move(data)});
+    }
+    return it->second;
+  }
+  // Null when the analysis has no entry.
+  const T* Find(GID analysis) const {
+    auto it = std::lower_bound(entries_.begin(), entries_.end(), analysis,
+                               [](const Entry& e, GID a) { return e.first < a; });
+    return it != entries_.end() && it->first == analysis ? &it->second : nullptr;
+  }
+  void Erase(GID analysis) {
+    auto it = LowerBound(analysis);
+    if (it != entries_.end() && it->first == analysis) entries_.erase(it);
+  }
+  const std::vector<Entry>& Entries() const { return entries_; }
+  std::size_t Size() const { return entries_.size(); }
+
+  void Clear() override { entries_.clear(); }
+
+  void OnRegistration() override { Manager().Subscribe(this, kAnalysesContainerID); }
+
+  // Nothing of its own is renumbered; every entry's data compacts its lists.
+  void FullCompact(std::vector<GID>& renumber) override {
+    renumber.clear();
+    for (auto& e : entries_) e.second.FullCompact();
+  }
+
+  // The entries use their analyses; then each entry's data reports what it
+  // refers to.
+  void OnGetUsageOf(GID container, UsageList& usage) override {
+    if (container == kAnalysesContainerID)
+      for (const auto& e : entries_) {
+        if (e.first >= usage.size()) usage.resize(static_cast<std::size_t>(e.first) + 1);
+        usage[e.first].push_back(GGID(ID(), e.first));
+      }
+    for (const auto& e : entries_) e.second.OnGetUsageOf(e.first, container, usage);
+  }
+
+  void OnIDUpdate(GID container, const std::vector<GID>& renumber) override {
+    if (container != kAnalysesContainerID) return;
+    for (auto& e : entries_) e.first = e.first < renumber.size() ? renumber[e.first] : 0;
+    std::erase_if(entries_, [](const Entry& e) { return e.first == 0; });
+    std::stable_sort(entries_.begin(), entries_.end(),
+                     [](const Entry& a, const Entry& b) { return a.first < b.first; });
+  }
+  void OnDelete(GID container, const std::vector<GID>& ids) override {
+    if (container != kAnalysesContainerID) return;
+    std::erase_if(entries_, [&](const Entry& e) {
+      return std::binary_search(ids.begin(), ids.end(), e.first);
+    });
+  }
+  void OnAdd(GID, const std::vector<GID>&) override {}
+
+ private:
+  typename std::vector<Entry>::iterator LowerBound(GID a) {
+    return std::lower_bound(entries_.begin(), entries_.end(), a,
+                            [](const Entry& e, GID x) { return e.first < x; });
+  }
+  std::vector<Entry> entries_;
+};
+
+}  // namespace v7

@@ -1,0 +1,160 @@
+#include "V7Doc/core/QVContainerManager.h"
+
+#include <algorithm>
+
+namespace v7 {
+
+IQVContainer::~IQVContainer() {
+  if (manager_) manager_->UnRegister(this);
+}
+
+void NotifyAdd(const IQVContainer& from, const std::vector<GID>& ids) {
+  if (from.IsRegistered()) from.Manager().NotifyAdd(from.ID(), ids);
+}
+void NotifyDelete(const IQVContainer& from, const std::vector<GID>& ids) {
+  if (from.IsRegistered()) from.Manager().NotifyDelete(from.ID(), ids);
+}
+void NotifyIDUpdate(const IQVContainer& from, const std::vector<GID>& renumber) {
+  if (from.IsRegistered()) from.Manager().NotifyIDUpdate(from.ID(), renumber);
+}
+
+std::size_t QVContainerManager::SlotOf(GID id) {
+  if (id >= 1 && id <= 73) return id;
+  if (id >= 5001 && id <= 5027) return id - 4926;
+  return 0;
+}
+
+QVContainerManager::QVContainerManager() : subscribers_(kSlotCount) {}
+
+QVContainerManager::~QVContainerManager() {
+  TellCleanup(INotifyCleanupAction::Reason::Destroy);
+  for (IQVContainer* c : containers_)
+    if (c) c->manager_ = nullptr;
+}
+
+void QVContainerManager::Register(IQVContainer* c, const std::wstring& name, unsigned id) {
+  if (!c) return;
+  if (c->manager_ && c->manager_ != this) c->manager_->UnRegister(c);
+  containers_.push_back(c);
+  c->manager_ = this;
+  c->name_ = name;
+  c->id_ = id;
+  if (!name.empty()) by_name_[name] = c;
+  c->OnRegistration();
+}
+
+void QVContainerManager::UnRegister(IQVContainer* c) {
+  if (!c) return;
+  std::erase(containers_, c);
+  std::erase_if(by_name_, [c](const auto& kv) { return kv.second == c; });
+  for (auto& slot : subscribers_) std::erase(slot, c);
+  if (c->manager_ == this) c->manager_ = nullptr;
+}
+
+IQVContainer* QVContainerManager::GetContainer(const GID& id) const {
+  if (id == 0) return nullptr;
+  for (IQVContainer* c : containers_)
+    if (c && c->ID() == id) return c;
+  return nullptr;
+}
+
+IQVContainer* QVContainerManager::GetContainer(const std::wstring& name) const {
+  if (name.empty()) return nullptr;
+  auto it = by_name_.find(name);
+  return it == by_name_.end() ? nullptr : it->second;
+}
+
+void QVContainerManager::Subscribe(IQVContainer* c, GID target) {
+  auto& slot = subscribers_[SlotOf(target)];
+  if (c && std::find(slot.begin(), slot.end(), c) == slot.end()) slot.push_back(c);
+}
+
+const std::vector<IQVContainer*>& QVContainerManager::Subscribers(GID target) const {
+  return subscribers_[SlotOf(target)];
+}
+
+void QVContainerManager::GetUsageOf(const GID& container, UsageList& usage) {
+  if (!GetContainer(container)) return;
+  usage.assign(MaxID(container), {});
+  // Copy: a subscriber may not change the lists, but be safe against it.
+  const auto subscribers = subscribers_[SlotOf(container)];
+  for (IQVContainer* s : subscribers)
+    if (s && s->ID() != container) s->OnGetUsageOf(container, usage);
+}
+
+unsigned QVContainerManager::MaxID(const GID& container) {
+  IQVContainer* c = GetContainer(container);
+  if (!c) return 0;
+  UsageList list;
+  c->OnGetUsageOf(container, list);
+  return static_cast<unsigned>(list.size());
+}
+
+void QVContainerManager::Clear() {
+  const auto containers = containers_;
+  for (IQVContainer* c : containers)
+    if (c) c->Clear();
+  TellCleanup(INotifyCleanupAction::Reason::Clear);
+}
+
+void QVContainerManager::FullCompact() {
+  const auto containers = containers_;
+  for (IQVContainer* c : containers) {
+    if (!c) continue;
+    std::vector<GID> renumber;
+    c->FullCompact(renumber);
+  }
+}
+
+void QVContainerManager::NotifyAllUpdateCalculatedValues() {
+  const auto containers = containers_;
+  for (IQVContainer* c : containers)
+    if (c) c->OnUpdateCalculatedValues();
+}
+
+void QVContainerManager::RegisterCleanupAction(const CleanupAction& action) {
+  if (action && std::find(cleanup_actions_.begin(), cleanup_actions_.end(), action) ==
+                    cleanup_actions_.end())
+    cleanup_actions_.push_back(action);
+}
+
+bool QVContainerManager::UnregisterCleanupAction(const CleanupAction& action) {
+  auto it = std::find(cleanup_actions_.begin(), cleanup_actions_.end(), action);
+  if (it == cleanup_actions_.end()) return false;
+  cleanup_actions_.erase(it);
+  return true;
+}
+
+int QVContainerManager::UndoFreeMemory() {
+  const int told = static_cast<int>(cleanup_actions_.size());
+  TellCleanup(INotifyCleanupAction::Reason::UndoFreeMemory);
+  return told;
+}
+
+void QVContainerManager::TellCleanup(INotifyCleanupAction::Reason reason) {
+  const auto actions = cleanup_actions_;  // an action may unregister itself
+  for (const auto& a : actions) a->OnCleanup(*this, reason);
+}
+
+template <class F>
+void QVContainerManager::ForEachListener(GID from, F&& f) {
+  const auto& subscribers = subscribers_[SlotOf(from)];
+  // By index: a listener may subscribe others while it is told.
+  for (std::size_t i = 0; i < subscribers.size(); ++i) {
+    IQVContainer* s = subscribers[i];
+    if (!s || s->ID() == from) continue;
+    if (auto* l = dynamic_cast<IQVChangeListener*>(s)) f(*l);
+  }
+}
+
+void QVContainerManager::NotifyAdd(GID from, const std::vector<GID>& ids) {
+  ForEachListener(from, [&](IQVChangeListener& l) { l.OnAdd(from, ids); });
+}
+void QVContainerManager::NotifyDelete(GID from, const std::vector<GID>& ids) {
+  ForEachListener(from, [&](IQVChangeListener& l) { l.OnDelete(from, ids); });
+}
+void QVContainerManager::NotifyIDUpdate(GID from, const std::vector<GID>& renumber) {
+  ForEachListener(from, [&](IQVChangeListener& l) { l.OnIDUpdate(from, renumber); });
+}
+
+}  // namespace v7

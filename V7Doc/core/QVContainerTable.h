@@ -1,0 +1,213 @@
+#pragma once
+// The record table: a growable array of records in which a record's GID is its
+// one-based position. Deleting leaves a tombstone in the slot, so other
+// records keep their IDs; only FullCompact renumbers, and it hands back the
+// old-to-new map.
+//
+// Registered tables send change notices (IQVChangeListener) to their
+// subscribers: Add and Resize report the new IDs, Delete, Reserve/Resize
+// shrinking and Clear report the live IDs they removed, FullCompact reports
+// its renumbering map when it moved anything.
+#include <algorithm>
+#include <cassert>
+#include <functional>
+#include <vector>
+
+#include "V7Doc/core/CompressedIterator.h"
+#include "V7Doc/core/IQVContainer.h"
+#include "V7Doc/core/QVContainerPolicies.h"
+
+namespace v7 {
+
+template <class T, class IDPolicy = QVContainerNoStoredIDPolicy<T>,
+          class OpPolicy = QVContainerOpPolicy<T>,
+          class StoragePolicy = QVContainerVectorStoragePolicy<T>, class Base = IQVContainer>
+class QVContainerTable : public Base {
+ public:
+  using value_type = T;
+  using id_policy = IDPolicy;
+  using op_policy = OpPolicy;
+  using storage_type = typename StoragePolicy::container_type;
+  using traits_type = CompressedIteratorTraits<IDPolicy>;
+  using iterator = CompressedIterator<storage_type, traits_type>;
+  using const_iterator = CompressedIterator<const storage_type, traits_type>;
+
+  QVContainerTable() = default;
+
+  // Trims trailing tombstones, then appends a copy of `rec` as the last slot.
+  // The new record's ID is the slot count after the append.
+  iterator Add(const T& rec) {
+    const std::less<const T*> before;
+    if (!slots_.empty() && !before(&rec, slots_.data()) && before(&rec, slots_.data() + slots_.size()))
+      return Add(T(rec));  // `rec` lives in a slot that Compact may destroy
+    Compact();
+    slots_.push_back(rec);
+    return Added();
+  }
+  iterator Add(T&& rec) {
+    Compact();
+    slots_.push_back(std::move(rec));
+    return Added();
+  }
+
+  // Turns each listed live record into a tombstone; invalid or already
+  // deleted IDs are skipped. Then trims trailing tombstones.
+  void Delete(const std::vector<GID>& ids) {
+    std::vector<GID> deleted;
+    for (GID id : ids) {
+      if (Find(id) == end()) continue;
+      IDPolicy::SetMissing(slots_[id - 1]);
+      deleted.push_back(id);
+    }
+    Compact();
+    if (!deleted.empty()) {
+      std::sort(deleted.begin(), deleted.end());
+      NotifyDelete(*this, deleted);
+    }
+  }
+
+  // Destroys trailing tombstones. Never renumbers.
+  virtual void Compact() {
+    while (!slots_.empty() && IDPolicy::IsMissing(slots_.back())) slots_.pop_back();
+  }
+
+  // Squeezes out every tombstone, keeping order. `renumber[old]` is the new
+  // ID of each old record and 0 for a deleted one; renumber[0] is 0.
+  void FullCompact(std::vector<GID>& renumber) override {
+    renumber.assign(slots_.size() + 1, 0);
+    std::size_t w = 0;
+    for (std::size_t i = 0; i < slots_.size(); ++i) {
+      if (IDPolicy::IsMissing(slots_[i])) continue;
+      if (i != w) {
+        slots_[w] = std::move(slots_[i]);
+        IDPolicy::SetID(slots_[w], static_cast<GID>(w + 1));
+      }
+      ++w;
+      renumber[i + 1] = static_cast<GID>(w);
+    }
+    const bool moved = w != slots_.size();
+    slots_.erase(slots_.begin() + static_cast<std::ptrdiff_t>(w), slots_.end());
+    if (moved) NotifyIDUpdate(*this, renumber);
+  }
+
+  // The live record with this ID, or end().
+  iterator Find(const GID& id) {
+    if (!IsLiveSlot(id)) return end();
+    return iterator(&slots_, id - 1, false);
+  }
+  const_iterator Find(const GID& id) const {
+    if (!IsLiveSlot(id)) return end();
+    return const_iterator(&slots_, id - 1, false);
+  }
+  // The slot that `p` points into, or end() when it is outside the table.
+  iterator Find(const T* p) {
+    const std::less<const T*> before;
+    if (slots_.empty() || before(p, slots_.data()) || !before(p, slots_.data() + slots_.size()))
+      return end();
+    return iterator(&slots_, static_cast<std::size_t>(p - slots_.data()), false);
+  }
+
+  // True for the ID of a live record.
+  bool IsValidID(const GID& id) const {
+    if (id == 0 || id > slots_.size()) return false;
+    return Find(id) != end();
+  }
+
+  // Unchecked access by ID (one-based) and by slot (zero-based).
+  T& At(const GID& id) {
+    assert(id >= 1 && id <= slots_.size());
+    return slots_[id - 1];
+  }
+  const T& At(const GID& id) const {
+    assert(id >= 1 && id <= slots_.size());
+    return slots_[id - 1];
+  }
+  T& operator[](unsigned i) {
+    assert(i < slots_.size());
+    return slots_[i];
+  }
+  const T& operator[](unsigned i) const {
+    assert(i < slots_.size());
+    return slots_[i];
+  }
+
+  // The slot count, tombstones included: the highest ID in use.
+  std::size_t Size() const { return slots_.size(); }
+  // True when there are no slots at all, not even tombstones.
+  bool IsEmpty() const { return slots_.empty(); }
+
+  // Sets the slot count to `n`; new slots are tombstones. For loading records
+  // with known IDs: reserve up to the highest ID, then fill the live slots.
+  void Reserve(std::size_t n) {
+    if (n < slots_.size()) return Shrink(n);
+    const std::size_t old = slots_.size();
+    slots_.resize(n);
+    for (std::size_t i = old; i < n; ++i) IDPolicy::SetMissing(slots_[i]);
+  }
+
+  // Sets the slot count to `n`; new slots are default live records (stored
+  // IDs set to position + 1).
+  void Resize(std::size_t n) {
+    if (n < slots_.size()) return Shrink(n);
+    const std::size_t old = slots_.size();
+    slots_.resize(n);
+    std::vector<GID> added;
+    for (std::size_t i = old; i < n; ++i) {
+      IDPolicy::SetID(slots_[i], static_cast<GID>(i + 1));
+      if (this->IsRegistered()) added.push_back(static_cast<GID>(i + 1));
+    }
+    if (!added.empty()) NotifyAdd(*this, added);
+  }
+
+  // Destroys every slot.
+  void Clear() override { Shrink(0); }
+
+  // The live records in ID order.
+  iterator begin() { return iterator(&slots_, 0); }
+  iterator end() { return iterator(&slots_, slots_.size(), false); }
+  const_iterator begin() const { return const_iterator(&slots_, 0); }
+  const_iterator end() const { return const_iterator(&slots_, slots_.size(), false); }
+
+  // Answers the manager's self-query (MaxID) by sizing the list to the highest
+  // ID plus one, so that a usage query can index it by any ID of this table.
+  void OnGetUsageOf(GID container, UsageList& usage) override {
+    if (container == this->ID() && usage.size() < slots_.size() + 1) usage.resize(slots_.size() + 1);
+  }
+
+  // Whether slot `id` holds a tombstone (for readers of the raw slots).
+  bool IsMissingSlot(const GID& id) const { return !IsLiveSlot(id); }
+  // The raw slots, tombstones included.
+  const storage_type& Slots() const { return slots_; }
+
+  friend bool operator==(const QVContainerTable& a, const QVContainerTable& b) {
+    return a.slots_ == b.slots_;
+  }
+
+ private:
+  bool IsLiveSlot(const GID& id) const {
+    return id != 0 && id - 1 < slots_.size() && !IDPolicy::IsMissing(slots_[id - 1]);
+  }
+
+  iterator Added() {
+    const auto id = static_cast<GID>(slots_.size());
+    if constexpr (IDPolicy::kStoresID) {
+      IDPolicy::SetID(slots_.back(), 0);
+      IDPolicy::SetID(slots_.back(), id);
+    }
+    if (this->IsRegistered()) NotifyAdd(*this, {id});
+    return iterator(&slots_, slots_.size() - 1, false);
+  }
+
+  void Shrink(std::size_t n) {
+    std::vector<GID> removed;
+    if (this->IsRegistered())
+      for (std::size_t i = n; i < slots_.size(); ++i)
+        if (!IDPolicy::IsMissing(slots_[i])) removed.push_back(static_cast<GID>(i + 1));
+    slots_.erase(slots_.begin() + static_cast<std::ptrdiff_t>(n), slots_.end());
+    if (!removed.empty()) NotifyDelete(*this, removed);
+  }
+
+  storage_type slots_;
+};
+
+}  // namespace v7

@@ -1,0 +1,178 @@
+#pragma once
+// The in-memory project: every record table of the document, registered with
+// its container manager under a fixed GID and collection name.
+#include <array>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "QVI/gtl/handle.h"
+#include "V7Doc/analysis/ANALYSISTable.h"
+#include "V7Doc/analysis/AnalysisKindData.h"
+#include "V7Doc/core/Associations.h"
+#include "V7Doc/core/PendingRecords.h"
+#include "V7Doc/core/QVContainerAssoc.h"
+#include "V7Doc/core/QVContainerManager.h"
+#include "V7Doc/functions/Func2D.h"
+#include "V7Doc/geometry/Geometry.h"
+#include "V7Doc/view/ViewPreferences.h"
+
+namespace v7 {
+
+// Fixed container GIDs of the document's collections.
+namespace container {
+inline constexpr GID Points = 1, Lines = 2, Regions = 3, Materials = 4, BCs = 5,
+                     StructuralBarAttributes = 6, StructuralBeamAttributes = 7, Analyses = 8,
+                     Contexts = 10, FirstFunctionList = 11, LastFunctionList = 51, CutLines = 52,
+                     ResultGraphs = 53, ResultContours = 54, MeshConstraints = 55, Surface = 56,
+                     ClimateData = 57, Thermosyphons = 58, ConvectiveSurfaces = 59, Unnamed = 60,
+                     SoluteItems = 61, ShakeItems = 62, HydroItems = 63, DeformItems = 64,
+                     StabItems = 65, ThermoItems = 66, EvapoItems = 67, Func3Ds = 68,
+                     ResultSets = 69, AnlsIDBySkTextID = 70, Document = 73;
+// The one GID of the function-list band that holds no list.
+inline constexpr GID UnusedFunctionList = 21;
+}  // namespace container
+
+// The collection name of each function list (11 to 51); empty for 21.
+const wchar_t* FunctionListName(GID list);
+
+// The data holder: the container manager and every collection.
+class QVDocData : public gtl::handle_ref_counter {
+ public:
+  QVDocData() = default;
+  QVDocData(const QVDocData&) = delete;
+  QVDocData& operator=(const QVDocData&) = delete;
+  ~QVDocData() override = default;
+
+  // Resets to an empty initialised project.
+  virtual bool DataInit() = 0;
+  // Empties every collection; the document is then not initialised.
+  virtual bool DataFree() = 0;
+  virtual bool IsInitialized() const { return bInitialized_; }
+  virtual void OnDataChanged() {}
+  virtual void OnIDUpdate(GID container, const std::vector<GID>& renumber) = 0;
+  virtual void OnDelete(GID container, const std::vector<GID>& ids) = 0;
+  virtual void OnAdd(GID container, const std::vector<GID>& ids) = 0;
+
+  QVContainerManager& ContainerManager() { return containerManager_; }
+  const QVContainerManager& ContainerManager() const { return containerManager_; }
+
+  Geom::Geometry& Geometry() { return geometry_; }
+  const Geom::Geometry& Geometry() const { return geometry_; }
+  ANALYSISTable& Analyses() { return analyses_; }
+  const ANALYSISTable& Analyses() const { return analyses_; }
+  AssociationsTable& Contexts() { return contexts_; }
+  // The function list with container GID `list` (11..51, not 21); null else.
+  Func2DTable* FunctionList(GID list);
+  const Func2DTable* FunctionList(GID list) const;
+
+  PendingTable<4>& Materials() { return materials_; }
+  PendingTable<5>& BCs() { return bcs_; }
+  ResultContourTable& ResultContours() { return resultContours_; }
+
+  AnalysisDataByAnalysisID<SoluteData>& SoluteItems() { return soluteItems_; }
+  AnalysisDataByAnalysisID<ShakeData>& ShakeItems() { return shakeItems_; }
+  AnalysisDataByAnalysisID<HydroData>& HydroItems() { return hydroItems_; }
+  AnalysisDataByAnalysisID<DeformData>& DeformItems() { return deformItems_; }
+  AnalysisDataByAnalysisID<StabData>& StabItems() { return stabItems_; }
+  AnalysisDataByAnalysisID<ThermoData>& ThermoItems() { return thermoItems_; }
+  AnalysisDataByAnalysisID<EvapoData>& EvapoItems() { return evapoItems_; }
+
+  v7qvi::ViewPreferences& ViewPreferences() { return view_; }
+  v7qvi::DisplaySettings& DisplaySettings() { return display_; }
+
+ protected:
+  QVContainerManager containerManager_;
+  v7qvi::ViewPreferences view_;
+  v7qvi::DisplaySettings display_;
+  // Session ID -> analysis ID; entry 0 always present and 0.
+  std::vector<GID> sessions_{0};
+  GID currentResultContour_ = 0;
+  bool bInitialized_ = false;
+  std::int32_t nSelection_ = qvi::kNone;
+  // Entry i is i when analysis i exists, else 0 (refreshed by
+  // OnUpdateCalculatedValues).
+  std::vector<GID> validAnalyses_;
+  std::vector<std::wstring> strings_;
+
+  Geom::Geometry geometry_;
+  PendingTable<4> materials_;
+  PendingTable<5> bcs_;
+  StructuralBarAttributeTable structuralBarAttributes_;
+  StructuralBeamAttributeTable structuralBeamAttributes_;
+  ANALYSISTable analyses_;
+  AssociationsTable contexts_;
+  std::array<Func2DTable, container::LastFunctionList - container::FirstFunctionList + 1>
+      functionLists_;
+  CutLineTable cutLines_;
+  ResultGraphTable resultGraphs_;
+  ResultContourTable resultContours_;
+  MeshConstraintTable meshConstraints_;
+  ClimateDataTable climateData_;
+  ThermosyphonTable thermosyphons_;
+  ConvectiveSurfaceTable convectiveSurfaces_;
+  // Container 60: registered without a name so that no path reaches it; it
+  // holds the document's transient links (never persisted).
+  QVContainerAssoc<int> transientLinks_;
+  AnalysisDataByAnalysisID<SoluteData> soluteItems_;
+  AnalysisDataByAnalysisID<ShakeData> shakeItems_;
+  AnalysisDataByAnalysisID<HydroData> hydroItems_;
+  AnalysisDataByAnalysisID<DeformData> deformItems_;
+  AnalysisDataByAnalysisID<StabData> stabItems_;
+  AnalysisDataByAnalysisID<ThermoData> thermoItems_;
+  AnalysisDataByAnalysisID<EvapoData> evapoItems_;
+  Func3DTable func3Ds_;
+  ResultSetTable resultSets_;
+  // Sketch text ID -> the analysis that owns it exclusively.
+  QVContainerAssoc<GID> anlsIDBySkTextID_;
+};
+
+class QVDocument : public QVDocData, public IQVContainer, public IQVChangeListener {
+ public:
+  // Registers every collection, in GID order, and the document itself as 73.
+  QVDocument();
+  ~QVDocument() override;
+
+  bool DataInit() override;
+  bool DataFree() override;
+  void OnIDUpdate(GID container, const std::vector<GID>& renumber) override;
+  void OnDelete(GID container, const std::vector<GID>& ids) override;
+  void OnAdd(GID container, const std::vector<GID>& ids) override;
+
+  // IQVContainer: the document's own state (sessions, selections).
+  void Clear() override;
+  void OnRegistration() override;
+  void OnUpdateCalculatedValues() override;
+
+  // The analysis of a session, 0 when the session is unknown or its analysis
+  // was deleted.
+  GID AnalysisIDBySessionID(const GID& session) const;
+  // The first session of `analysis`, 0 when none.
+  GID SessionIDByAnalysisID(const GID& analysis) const;
+
+  GID CurrentResultContour() const { return currentResultContour_; }
+  void SetCurrentResultContour(GID id) { currentResultContour_ = id; }
+  const std::vector<GID>& ValidAnalyses() const { return validAnalyses_; }
+
+  int UndoFreeMemory() { return containerManager_.UndoFreeMemory(); }
+};
+
+// The document variant used when results are loaded.
+class QVDocumentResults : public QVDocument {
+ public:
+  bool DataInit() override;
+  std::int32_t CurrentResultSet() const { return nCurrentResultSet_; }
+  std::int32_t CurrentResultTime() const { return nCurrentResultTime_; }
+
+ private:
+  std::int32_t nCurrentResultSet_ = qvi::kNone;
+  std::int32_t nCurrentResultTime_ = qvi::kNone;
+};
+
+using QVDocumentHandle = gtl::handle<QVDocument, gtl::handle_mgmt_refcounted>;
+
+// The process-wide current document, read by path expressions.
+const QVDocumentHandle& QVDocumentGetCurrentHandle();
+void QVDocumentSetCurrentHandle(const QVDocumentHandle& document);
+
+}  // namespace v7

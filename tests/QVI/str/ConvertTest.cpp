@@ -1,0 +1,80 @@
+#include "QVI/str/Convert.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+#include "QVI/str/Format.h"
+
+namespace {
+
+TEST(Utf8, RoundTripsEveryPlane) {
+  const std::wstring samples[] = {L"", L"plain", L"K\u03B1 correction", L"\u00E9t\u00E9",
+                                  L"\U0001F600 emoji", std::wstring(1, L'\0') + L"x"};
+  for (const auto& s : samples) EXPECT_EQ(str::to_wstring(str::to_utf8(s)), s);
+}
+
+TEST(Utf8, MalformedInputBecomesReplacementCharacters) {
+  struct Case {
+    std::string bytes;
+    std::wstring expected;
+  } cases[] = {
+      {"\xC3", L"\uFFFD"},                  // truncated two-byte sequence
+      {"\xC0\xAF", L"\uFFFD"},              // overlong "/"
+      {"a\xFF" "b", L"a\uFFFD" L"b"},       // invalid lead byte
+      {"\xED\xA0\x80", L"\uFFFD"},          // encoded surrogate
+      {"\xF4\x90\x80\x80", L"\uFFFD"},      // beyond U+10FFFF
+  };
+  for (const auto& c : cases) EXPECT_EQ(str::to_wstring(c.bytes), c.expected) << c.bytes.size();
+}
+
+TEST(Numbers, ParseAcceptsWholeNumbersOnly) {
+  struct Case {
+    const wchar_t* text;
+    bool ok;
+    double value;
+  } cases[] = {{L"1.5", true, 1.5},     {L"  -2e3 ", true, -2000}, {L"+4", true, 4},
+               {L"1.5x", false, 0},     {L"", false, 0},           {L"1e999", false, 0},
+               {L"\u0661", false, 0},   {L"--1", false, 0}};
+  for (const auto& c : cases) {
+    double v = -7;
+    EXPECT_EQ(str::parse(c.text, v), c.ok) << str::to_utf8(c.text);
+    if (c.ok) {
+      EXPECT_EQ(v, c.value);
+    } else {
+      EXPECT_EQ(v, -7) << "a failed parse must leave the output alone";
+    }
+  }
+  std::int64_t n = 0;
+  EXPECT_TRUE(str::parse(L"-9223372036854775808", n));
+  EXPECT_EQ(n, INT64_MIN);
+  EXPECT_FALSE(str::parse(L"9223372036854775808", n));
+  EXPECT_FALSE(str::parse(L"1.0", n));
+}
+
+TEST(Numbers, DoublesWrittenShortestAndExact) {
+  const double values[] = {0.1, 1.0 / 3, 1e-310, 1.7976931348623157e308, -0.0, 123456789.125};
+  for (double v : values) {
+    double back = 0;
+    ASSERT_TRUE(str::parse(str::to_wstring(v), back)) << v;
+    EXPECT_EQ(std::signbit(back), std::signbit(v));
+    EXPECT_EQ(back, v);
+  }
+  EXPECT_EQ(str::to_wstring(0.1), L"0.1");
+}
+
+TEST(Format, FillsArgumentsInOrder) {
+  EXPECT_EQ(str::format(L"%s:\n\n%s", L"a", L"b"), L"a:\n\nb");
+  EXPECT_EQ(str::format(L"100%% of %s", 3), L"100% of 3");
+  EXPECT_EQ(str::format(L"%s and %s", L"one"), L"one and ");
+  EXPECT_EQ(str::format(L"no args", L"x"), L"no args");
+  EXPECT_EQ(str::format(L"trailing %", L"x"), L"trailing %");
+}
+
+TEST(CaseInsensitive, ComparesAsciiOnly) {
+  EXPECT_TRUE(str::iequals(L"QVZ", L"qvz"));
+  EXPECT_FALSE(str::iequals(L"qvz", L"qv"));
+  EXPECT_FALSE(str::iequals(L"\u00C9", L"\u00E9"));
+}
+
+}  // namespace
