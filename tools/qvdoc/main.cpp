@@ -11,7 +11,11 @@ int main(int argc, char** argv) {
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& e) {
-    return app.exit(e);
+    // Help and version exit 0, our own failures keep their code, and every
+    // other parse error is a usage error.
+    const int code = app.exit(e);
+    if (code == 0 || dynamic_cast<const CLI::RuntimeError*>(&e)) return code;
+    return qvdoc::kExitUsage;
   } catch (const std::exception& e) {
     std::cerr << "qvdoc: " << e.what() << "\n";
     return qvdoc::kExitFailure;
