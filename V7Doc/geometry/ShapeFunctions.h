@@ -42,8 +42,8 @@ void LocalCoordsAtElemNode(int node, double& r, double& s, int numGaussPoints);
 //   - triangle: only |r|, |s| < 1.0001 is demanded (r + s > 1 is accepted);
 //   - quadrilateral: when the element's sides are aligned with the axes the
 //     direct rules give (r, s) with no range check at all; otherwise r is the
-//     smaller root of a quadratic (math::fn::QuadraticEqn, bound 1.0001) and
-//     s must satisfy |s| < 1.0001;
+//     smaller root of a quadratic (math::fn::QuadraticEqn, which reports only
+//     roots with |r| <= 1.0001) and s must satisfy |s| < 1.0001;
 //   - any other cornerCount returns 1 at once with r and s untouched.
 // A degenerate element whose direct rules divide by zero does not count as
 // solved by them (its r or s would not be finite).

@@ -31,9 +31,6 @@ int QuadraticEqn::Solve(double a, double b, double c, double tolerance, double b
   int m = 0;
   for (int i = 0; i < n; ++i)
     if (std::isfinite(roots[i]) && std::fabs(roots[i]) <= bound) kept[m++] = roots[i];
-  if (m == 0)
-    for (int i = 0; i < n; ++i)
-      if (std::isfinite(roots[i])) kept[m++] = roots[i];
   if (m > 0) x1 = kept[0];
   if (m > 1) x2 = kept[1];
   return m;

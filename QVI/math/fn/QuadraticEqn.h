@@ -13,9 +13,11 @@ class QuadraticEqn {
  public:
   // Solves a·x² + b·x + c = 0 and returns how many roots it reports (0, 1 or
   // 2), in x1 and x2 (ascending when two). `tolerance` is the absolute size
-  // below which a and b count as zero. Roots with |x| <= bound are preferred:
-  // when some real roots lie within the bound, only those are reported; when
-  // none does, all real roots are. A discriminant that is negative only by
+  // below which a and b count as zero. Only roots with |x| <= bound are
+  // reported: callers pass the range their unknown can take (a natural
+  // coordinate of an element), and a root outside it is no answer for them.
+  // Pass the no-value marker (or infinity) to report every real root. A
+  // discriminant that is negative only by
   // rounding (within 64 ulps of its terms) counts as zero: one double root.
   // A degenerate equation (a and b both within the tolerance) has no root.
   static int Solve(double a, double b, double c, double tolerance, double bound, double& x1,
