@@ -20,6 +20,20 @@ void AddUses(UsageList& usage, const std::vector<GID>& refs, GID self, GID analy
   for (GID r : refs) AddUse(usage, r, self, analysis);
 }
 
+// Maps every reference through `newID` and drops those that are gone.
+void Remap(std::vector<GID>& refs, const std::function<GID(GID)>& newID) {
+  for (GID& r : refs) r = newID(r);
+  std::erase(refs, GID{0});
+}
+
+void RemapWaterTables(std::vector<WaterTableEntry>& tables, GID container,
+                      const std::function<GID(GID)>& newID) {
+  for (auto& w : tables) {
+    if (container == kPoints) Remap(w.vPoints_, newID);
+    if (container == kMaterials) Remap(w.vMaterials_, newID);
+  }
+}
+
 template <class T>
 void EraseMissing(std::vector<T>& v) {
   std::erase_if(v, [](const T& x) { return x.bMissing_; });
@@ -75,6 +89,37 @@ void EvapoData::FullCompact() { EraseMissing(vInitialWaterTables_); }
 void EvapoData::OnGetUsageOf(GID analysis, const GID& container, UsageList& usage) const {
   if (container == kClimateData) AddUse(usage, climateData_, kEvapoItems, analysis);
   WaterTableUses(vInitialWaterTables_, container, usage, kEvapoItems, analysis);
+}
+
+void SoluteData::RemapReferences(GID container, const std::function<GID(GID)>& newID) {
+  if (container == kBCs) Remap(vSources_, newID);
+}
+
+void HydroData::RemapReferences(GID container, const std::function<GID(GID)>& newID) {
+  RemapWaterTables(vInitialWaterTables_, container, newID);
+}
+
+void DeformData::RemapReferences(GID container, const std::function<GID(GID)>& newID) {
+  if (container == kRegions) Remap(vIgnoredRegions_, newID);
+}
+
+void StabData::RemapReferences(GID container, const std::function<GID(GID)>& newID) {
+  for (auto& s : vSurcharges_) {
+    if (container == kPoints) Remap(s.vPoints_, newID);
+    // A deleted variation function leaves the surcharge constant.
+    if (container == kStressBoundFns && s.fnNum_ != 0) s.fnNum_ = newID(s.fnNum_);
+  }
+  RemapWaterTables(vPiezometricLines_, container, newID);
+}
+
+void ThermoData::RemapReferences(GID container, const std::function<GID(GID)>& newID) {
+  if (container == kThermosyphons) Remap(vThermosyphons_, newID);
+  if (container == kConvectiveSurfaces) Remap(vConvectiveSurfaces_, newID);
+}
+
+void EvapoData::RemapReferences(GID container, const std::function<GID(GID)>& newID) {
+  if (container == kClimateData && climateData_ != 0) climateData_ = newID(climateData_);
+  RemapWaterTables(vInitialWaterTables_, container, newID);
 }
 
 }  // namespace v7

@@ -243,8 +243,10 @@ void TIMEINCSTRUCT::InsertCustomSteps(const std::vector<double>& times) {
   vTimeIncs_.clear();
   for (std::size_t k = 0; k < merged.size(); ++k) {
     TIMEINC step = merged[k].step;
-    const bool keep = merged[k].origin >= 0 &&
-                      (k == 0 ? merged[k].origin == 0 : merged[k - 1].origin == merged[k].origin - 1);
+    const std::ptrdiff_t origin = merged[k].origin;
+    const bool keep = origin >= 0 && (k == 0 ? origin == 0
+                                             : merged[k - 1].origin >= 0 &&
+                                                   merged[k - 1].origin == origin - 1);
     if (!keep) step.fIncSize = step.fElapsed - (k == 0 ? fStartTime_ : merged[k - 1].step.fElapsed);
     vTimeIncs_.push_back(step);
   }
@@ -268,6 +270,13 @@ gtl::status TIMEINCSTRUCT::GenerateTimeSteps() {
       SortIncrements();
     }
     AddStartingValue();
+    // A start far larger than the increments can merge steps once added.
+    for (std::size_t i = 1; i < vTimeIncs_.size(); ++i)
+      if (!(vTimeIncs_[i].fElapsed > vTimeIncs_[i - 1].fElapsed) ||
+          !std::isfinite(vTimeIncs_[i].fElapsed)) {
+        vTimeIncs_.clear();
+        return gtl::status::error(msg::kUnrepresentable, i + 1);
+      }
     GenerateSaveFlags();
   }
   InsertCustomSteps(vCustomElapsed);
