@@ -19,7 +19,7 @@ TEST(KindData, ContainerNumbersMatchTheDocument) {
   EXPECT_STREQ(FunctionListName(kind_data::kStressBoundFns), L"StressBFns");
 }
 
-struct Fixture : ::testing::Test {
+struct KindDataInDocument : ::testing::Test {
   void SetUp() override {
     doc.DataInit();
     for (int i = 0; i < 3; ++i) doc.Analyses().Add(ANALYSIS{});
@@ -34,7 +34,7 @@ struct Fixture : ::testing::Test {
   QVDocument doc;
 };
 
-TEST_F(Fixture, UsageQueriesReachThePerKindData) {
+TEST_F(KindDataInDocument, UsageQueriesReachThePerKindData) {
   UsageList usage;
   doc.ContainerManager().GetUsageOf(container::Materials, usage);
   ASSERT_EQ(usage.size(), 5u);
@@ -49,7 +49,7 @@ TEST_F(Fixture, UsageQueriesReachThePerKindData) {
   EXPECT_TRUE(usage[1].empty()) << "a deleted surcharge refers to nothing";
 }
 
-TEST_F(Fixture, DeletionAndCompactionRepairReferences) {
+TEST_F(KindDataInDocument, DeletionAndCompactionRepairReferences) {
   doc.Materials().Delete({2});
   const auto& line = doc.StabItems().Find(2)->vPiezometricLines_[0];
   EXPECT_EQ(line.vMaterials_, (std::vector<GID>{4}));
