@@ -2,7 +2,9 @@
 // Data that only one analysis kind needs, held per analysis in the
 // containers 61 to 67 ("SoluteItems" ... "EvapoItems").
 #include <algorithm>
+#include <functional>
 #include <memory>
+#include <span>
 #include <utility>
 #include <vector>
 
@@ -29,6 +31,13 @@ class AnalysisData {
     (void)analysis;
     (void)container;
     (void)usage;
+  }
+  // Repairs the references this data holds to records of `container` after
+  // they were renumbered or deleted: `newID(old)` is the new GID, 0 for a
+  // record that is gone (the reference is then dropped).
+  virtual void RemapReferences(GID container, const std::function<GID(GID)>& newID) {
+    (void)container;
+    (void)newID;
   }
 };
 
@@ -65,7 +74,13 @@ class AnalysisDataByAnalysisID : public IQVContainer, public IQVChangeListener {
 
   void Clear() override { entries_.clear(); }
 
-  void OnRegistration() override { Manager().Subscribe(this, kAnalysesContainerID); }
+  // Follows the analyses, and the containers whose records the data refers
+  // to (T::ReferencedContainers()), so that usage queries of those reach the
+  // data and renumbering or deletion there repairs its references.
+  void OnRegistration() override {
+    Manager().Subscribe(this, kAnalysesContainerID);
+    for (GID c : T::ReferencedContainers()) Manager().Subscribe(this, c);
+  }
 
   // Nothing of its own is renumbered; every entry's data compacts its lists.
   void FullCompact(std::vector<GID>& renumber) override {
@@ -85,14 +100,24 @@ class AnalysisDataByAnalysisID : public IQVContainer, public IQVChangeListener {
   }
 
   void OnIDUpdate(GID container, const std::vector<GID>& renumber) override {
-    if (container != kAnalysesContainerID) return;
+    if (container != kAnalysesContainerID) {
+      const auto newID = [&](GID old) { return old < renumber.size() ? renumber[old] : GID{0}; };
+      for (auto& e : entries_) e.second.RemapReferences(container, newID);
+      return;
+    }
     for (auto& e : entries_) e.first = e.first < renumber.size() ? renumber[e.first] : 0;
     std::erase_if(entries_, [](const Entry& e) { return e.first == 0; });
     std::stable_sort(entries_.begin(), entries_.end(),
                      [](const Entry& a, const Entry& b) { return a.first < b.first; });
   }
   void OnDelete(GID container, const std::vector<GID>& ids) override {
-    if (container != kAnalysesContainerID) return;
+    if (container != kAnalysesContainerID) {
+      const auto newID = [&](GID old) {
+        return std::binary_search(ids.begin(), ids.end(), old) ? GID{0} : old;
+      };
+      for (auto& e : entries_) e.second.RemapReferences(container, newID);
+      return;
+    }
     std::erase_if(entries_, [&](const Entry& e) {
       return std::binary_search(ids.begin(), ids.end(), e.first);
     });

@@ -1,8 +1,26 @@
 #pragma once
-// The per-kind analysis data types.
+// The per-kind analysis data: what only one analysis kind needs, held per
+// analysis in the containers 61 to 67 ("SoluteItems" ... "EvapoItems").
+// Each answers usage queries with the references it holds.
+#include <functional>
+#include <span>
+#include <string>
+#include <vector>
+
 #include "V7Doc/analysis/AnalysisData.h"
+#include "V7Doc/analysis/AnalysisEnums.h"
+#include "V7Doc/analysis/ShakeRecord.h"
 
 namespace v7 {
+
+// The document's container GIDs that per-kind data refer to or live in.
+namespace kind_data {
+inline constexpr GID kPoints = 1, kRegions = 3, kMaterials = 4, kBCs = 5,
+                     kStressBoundFns = 31,  // "StressBFns", the stress boundary functions
+                     kClimateData = 57, kThermosyphons = 58, kConvectiveSurfaces = 59,
+                     kSoluteItems = 61, kShakeItems = 62, kHydroItems = 63, kDeformItems = 64,
+                     kStabItems = 65, kThermoItems = 66, kEvapoItems = 67;
+}  // namespace kind_data
 
 // Shared implementation of Assign and IsEqual for a data type with value
 // semantics.
@@ -16,35 +34,134 @@ class AnalysisDataOf : public AnalysisData {
     const auto* o = dynamic_cast<const Derived*>(&other);
     return o && static_cast<const Derived&>(*this) == *o;
   }
+  // The containers whose records the data refers to; a type that refers to
+  // some hides this with its own list.
+  static std::span<const GID> ReferencedContainers() { return {}; }
+};
+
+// A surcharge load on the ground surface of a stability analysis.
+struct SurchargeLoad {
+  std::wstring name_;
+  double fUnitWeight_ = 0;   // weight per unit volume of the surcharge
+  std::vector<GID> vPoints_;  // geometry points of its outline
+  GID fnNum_ = 0;             // stress boundary function of its variation; 0: constant
+  VariationType variation_ = VariationType::Linear;
+  bool bMissing_ = false;     // deleted; squeezed out by FullCompact
+  friend bool operator==(const SurchargeLoad&, const SurchargeLoad&) = default;
+};
+
+// A water table or piezometric line, and the materials it applies to.
+struct WaterTableEntry {
+  std::wstring name_;
+  std::vector<GID> vPoints_;     // geometry points of the line, left to right
+  std::vector<GID> vMaterials_;  // materials whose pore pressure it gives
+  InputDefinition inputDef_ = InputDefinition::Define;  // drawn, or a result contour
+  bool bMissing_ = false;
+  friend bool operator==(const WaterTableEntry&, const WaterTableEntry&) = default;
 };
 
 struct SoluteData : AnalysisDataOf<SoluteData> {
+  std::vector<GID> vSources_;  // boundary conditions that release contaminant
   void DataInit() override { *this = SoluteData{}; }
-  friend bool operator==(const SoluteData&, const SoluteData&) { return true; }
+  void RemapReferences(GID container, const std::function<GID(GID)>& newID) override;
+  static std::span<const GID> ReferencedContainers() {
+    static constexpr GID kRefs[] = {kind_data::kBCs};
+    return kRefs;
+  }
+  void OnGetUsageOf(GID analysis, const GID& container, UsageList& usage) const override;
+  friend bool operator==(const SoluteData& a, const SoluteData& b) {
+    return a.vSources_ == b.vSources_;
+  }
 };
+
 struct ShakeData : AnalysisDataOf<ShakeData> {
+  ShakeEarthquake earthquake_;  // the input motion
   void DataInit() override { *this = ShakeData{}; }
-  friend bool operator==(const ShakeData&, const ShakeData&) { return true; }
+  friend bool operator==(const ShakeData& a, const ShakeData& b) {
+    return a.earthquake_ == b.earthquake_;
+  }
 };
+
 struct HydroData : AnalysisDataOf<HydroData> {
+  std::vector<WaterTableEntry> vInitialWaterTables_;
   void DataInit() override { *this = HydroData{}; }
-  friend bool operator==(const HydroData&, const HydroData&) { return true; }
+  void RemapReferences(GID container, const std::function<GID(GID)>& newID) override;
+  static std::span<const GID> ReferencedContainers() {
+    static constexpr GID kRefs[] = {kind_data::kPoints, kind_data::kMaterials};
+    return kRefs;
+  }
+  void FullCompact() override;
+  void OnGetUsageOf(GID analysis, const GID& container, UsageList& usage) const override;
+  friend bool operator==(const HydroData& a, const HydroData& b) {
+    return a.vInitialWaterTables_ == b.vInitialWaterTables_;
+  }
 };
+
 struct DeformData : AnalysisDataOf<DeformData> {
+  std::vector<GID> vIgnoredRegions_;  // regions left out of this stage (excavated, not yet built)
   void DataInit() override { *this = DeformData{}; }
-  friend bool operator==(const DeformData&, const DeformData&) { return true; }
+  void RemapReferences(GID container, const std::function<GID(GID)>& newID) override;
+  static std::span<const GID> ReferencedContainers() {
+    static constexpr GID kRefs[] = {kind_data::kRegions};
+    return kRefs;
+  }
+  void OnGetUsageOf(GID analysis, const GID& container, UsageList& usage) const override;
+  friend bool operator==(const DeformData& a, const DeformData& b) {
+    return a.vIgnoredRegions_ == b.vIgnoredRegions_;
+  }
 };
+
 struct StabData : AnalysisDataOf<StabData> {
+  std::vector<SurchargeLoad> vSurcharges_;
+  std::vector<WaterTableEntry> vPiezometricLines_;
+  ParamVariation paramVariation_ = ParamVariation::Constant;
+  // Monte Carlo trials of a probabilistic analysis; 1000 gives the
+  // probability of failure to about +-1.5 % at 5 % (binomial standard error).
+  std::int32_t nNumTrials_ = 1000;
   void DataInit() override { *this = StabData{}; }
-  friend bool operator==(const StabData&, const StabData&) { return true; }
+  void RemapReferences(GID container, const std::function<GID(GID)>& newID) override;
+  static std::span<const GID> ReferencedContainers() {
+    static constexpr GID kRefs[] = {kind_data::kPoints, kind_data::kMaterials, kind_data::kStressBoundFns};
+    return kRefs;
+  }
+  void FullCompact() override;
+  void OnGetUsageOf(GID analysis, const GID& container, UsageList& usage) const override;
+  friend bool operator==(const StabData& a, const StabData& b) {
+    return a.vSurcharges_ == b.vSurcharges_ && a.vPiezometricLines_ == b.vPiezometricLines_ &&
+           a.paramVariation_ == b.paramVariation_ && a.nNumTrials_ == b.nNumTrials_;
+  }
 };
+
 struct ThermoData : AnalysisDataOf<ThermoData> {
+  std::vector<GID> vThermosyphons_;       // thermosyphons active in the analysis
+  std::vector<GID> vConvectiveSurfaces_;  // convective surfaces active in the analysis
   void DataInit() override { *this = ThermoData{}; }
-  friend bool operator==(const ThermoData&, const ThermoData&) { return true; }
+  void RemapReferences(GID container, const std::function<GID(GID)>& newID) override;
+  static std::span<const GID> ReferencedContainers() {
+    static constexpr GID kRefs[] = {kind_data::kThermosyphons, kind_data::kConvectiveSurfaces};
+    return kRefs;
+  }
+  void OnGetUsageOf(GID analysis, const GID& container, UsageList& usage) const override;
+  friend bool operator==(const ThermoData& a, const ThermoData& b) {
+    return a.vThermosyphons_ == b.vThermosyphons_ &&
+           a.vConvectiveSurfaces_ == b.vConvectiveSurfaces_;
+  }
 };
+
 struct EvapoData : AnalysisDataOf<EvapoData> {
+  GID climateData_ = 0;  // the climate data set driving the surface; 0: none
+  std::vector<WaterTableEntry> vInitialWaterTables_;
   void DataInit() override { *this = EvapoData{}; }
-  friend bool operator==(const EvapoData&, const EvapoData&) { return true; }
+  void RemapReferences(GID container, const std::function<GID(GID)>& newID) override;
+  static std::span<const GID> ReferencedContainers() {
+    static constexpr GID kRefs[] = {kind_data::kPoints, kind_data::kMaterials, kind_data::kClimateData};
+    return kRefs;
+  }
+  void FullCompact() override;
+  void OnGetUsageOf(GID analysis, const GID& container, UsageList& usage) const override;
+  friend bool operator==(const EvapoData& a, const EvapoData& b) {
+    return a.climateData_ == b.climateData_ && a.vInitialWaterTables_ == b.vInitialWaterTables_;
+  }
 };
 
 }  // namespace v7

@@ -1,0 +1,69 @@
+#include "V7Doc/analysis/ANALYSISTable.h"
+
+#include <algorithm>
+
+#include "V7Doc/analysis/AnalysisMessages.h"
+
+namespace v7 {
+
+void ANALYSISTable::Delete(const std::vector<GID>& ids) {
+  std::vector<GID> deleted;
+  for (GID id : ids)
+    if (IsValidID(id)) deleted.push_back(id);
+  Base::Delete(ids);
+  std::sort(deleted.begin(), deleted.end());
+  for (auto it = begin(); it != end(); ++it)
+    if (std::binary_search(deleted.begin(), deleted.end(), it->parent)) it->parent = 0;
+}
+
+void ANALYSISTable::FullCompact(std::vector<GID>& renumber) {
+  Base::FullCompact(renumber);
+  for (auto it = begin(); it != end(); ++it)
+    it->parent = it->parent < renumber.size() ? renumber[it->parent] : 0;
+}
+
+void ANALYSISTable::OnGetUsageOf(GID container, UsageList& usage) {
+  Base::OnGetUsageOf(container, usage);
+  if (container != ID() || ID() == 0) return;
+  for (auto it = begin(); it != end(); ++it) {
+    const GID p = it->parent;
+    if (p == 0) continue;
+    if (p >= usage.size()) usage.resize(static_cast<std::size_t>(p) + 1);
+    usage[p].push_back(GGID(ID(), it.ID()));
+  }
+}
+
+gtl::status ANALYSISTable::SetParent(GID child, GID parent) {
+  if (!IsValidID(child)) return gtl::status::error(analysis_msg::kNoAnalysis, child);
+  if (parent != 0) {
+    if (!IsValidID(parent)) return gtl::status::error(analysis_msg::kNoAnalysis, parent);
+    const auto chain = Ancestors(parent);
+    if (parent == child || std::find(chain.begin(), chain.end(), child) != chain.end())
+      return gtl::status::error(analysis_msg::kParentCycle, parent, child);
+  }
+  At(child).parent = parent;
+  return {};
+}
+
+std::vector<GID> ANALYSISTable::Children(GID parent) const {
+  std::vector<GID> out;
+  if (parent == 0) return out;
+  for (auto it = begin(); it != end(); ++it)
+    if (it->parent == parent) out.push_back(it.ID());
+  return out;
+}
+
+std::vector<GID> ANALYSISTable::Ancestors(GID id) const {
+  std::vector<GID> out;
+  GID at = id;
+  while (IsValidID(at)) {
+    const GID p = At(at).parent;
+    if (p == 0 || p == id || std::find(out.begin(), out.end(), p) != out.end() || !IsValidID(p))
+      break;
+    out.push_back(p);
+    at = p;
+  }
+  return out;
+}
+
+}  // namespace v7

@@ -1,0 +1,127 @@
+// The analysis record and its table: defaults per kind, deletion marks,
+// value semantics and the parent links.
+#include "V7Doc/analysis/ANALYSISTable.h"
+
+#include <gtest/gtest.h>
+
+#include "V7Doc/core/QVDocument.h"
+
+namespace {
+
+using namespace v7;
+
+TEST(AnalysisRecord, DataInitGivesEachKindItsDefaults) {
+  struct {
+    AnalysisKind kind;
+    AnlsMethod method;  // asked for
+    GID parent;
+    AnlsMethod expectMethod;
+    TimeStepMode expectMode;
+    InitialCondOption expectPWP;
+  } cases[] = {
+      {AnalysisKind::Stab, AnlsMethod::Undefined, 0, AnlsMethod::MorgensternPrice,
+       TimeStepMode::None, InitialCondOption::PiezoLine},
+      {AnalysisKind::Stab, AnlsMethod::Spencer, 2, AnlsMethod::Spencer, TimeStepMode::None,
+       InitialCondOption::Parent},
+      {AnalysisKind::Stab, AnlsMethod::Transient, 0, AnlsMethod::MorgensternPrice,
+       TimeStepMode::None, InitialCondOption::PiezoLine},
+      {AnalysisKind::Hydro, AnlsMethod::Undefined, 0, AnlsMethod::SteadyState, TimeStepMode::None,
+       InitialCondOption::None},
+      {AnalysisKind::Hydro, AnlsMethod::Transient, 0, AnlsMethod::Transient,
+       TimeStepMode::Duration, InitialCondOption::InitialWaterTable},
+      {AnalysisKind::Hydro, AnlsMethod::Transient, 1, AnlsMethod::Transient,
+       TimeStepMode::Duration, InitialCondOption::Parent},
+      {AnalysisKind::Shake, AnlsMethod::Undefined, 1, AnlsMethod::Dynamic, TimeStepMode::Dynamic,
+       InitialCondOption::Parent},
+      {AnalysisKind::Deform, AnlsMethod::Undefined, 0, AnlsMethod::Insitu, TimeStepMode::None,
+       InitialCondOption::InitialWaterTable},
+      {AnalysisKind::Solute, AnlsMethod::Undefined, 0, AnlsMethod::AdvectionDispersion,
+       TimeStepMode::Duration, InitialCondOption::None},
+      {AnalysisKind::Evapo, AnlsMethod::Undefined, 0, AnlsMethod::Transient,
+       TimeStepMode::Duration, InitialCondOption::InitialWaterTable},
+      {AnalysisKind::Thermo, AnlsMethod::Undefined, 0, AnlsMethod::SteadyState, TimeStepMode::None,
+       InitialCondOption::None},
+  };
+  for (const auto& c : cases) {
+    ANALYSIS a;
+    a.name = L"old";
+    a.nNumSlices_ = 3;
+    a.DataInit(c.kind, c.method, c.parent);
+    const auto what = str::to_utf8(meta::ToName(c.kind)) + " " + str::to_utf8(meta::ToName(c.method));
+    EXPECT_EQ(a.Kind(), c.kind) << what;
+    EXPECT_EQ(a.Method(), c.expectMethod) << what;
+    EXPECT_EQ(a.Parent(), c.parent) << what;
+    EXPECT_EQ(a.TimeInc().Mode(), c.expectMode) << what;
+    EXPECT_EQ(a.InitPWPCondOption(), c.expectPWP) << what;
+    EXPECT_TRUE(a.name.empty()) << what << ": everything is reset";
+    EXPECT_EQ(a.NumSlices(), 30) << what;
+    // Whatever the kind, the defaults generate time steps without error.
+    ANALYSIS copy = a;
+    EXPECT_TRUE(copy.TimeInc().GenerateTimeSteps().succeeded()) << what;
+    EXPECT_EQ(copy.TimeInc().TimeIncs().empty(), c.expectMode == TimeStepMode::None) << what;
+  }
+}
+
+TEST(AnalysisRecord, DeletionMarkAndRevival) {
+  ANALYSIS a;
+  a.DataInit(AnalysisKind::Stab);
+  EXPECT_FALSE(IsMissing(a));
+  SetMissing(a);
+  EXPECT_TRUE(IsMissing(a));
+  EXPECT_EQ(static_cast<std::int32_t>(a.kind), 0x7FFFFFFF);
+  a.DataInit(AnalysisKind::Hydro);
+  EXPECT_FALSE(IsMissing(a)) << "re-initialising with a real kind makes it live";
+}
+
+TEST(AnalysisRecord, CopyMoveAndEquality) {
+  ANALYSIS a;
+  a.DataInit(AnalysisKind::Hydro, AnlsMethod::Transient);
+  a.name = L"Drawdown";
+  a.InputFiles().pathPWP = v7qvi::analysis::ResultPath(L"p", L"q", L"f.csv", 3);
+  a.TimeInc().CustomElapsed() = {1.5};
+  ANALYSIS b = a;
+  EXPECT_EQ(a, b);
+  b.Side().fLeftValue_ = 0.5;  // a change deep in a block is seen
+  EXPECT_NE(a, b);
+  b = a;
+  ANALYSIS moved = std::move(b);
+  EXPECT_EQ(moved, a);
+  // Accessors reach the members, mutable and const.
+  moved.GetStabPWPCondOption() = InitialCondOption::Ru;
+  EXPECT_EQ(moved.InitPWPCondOption_, InitialCondOption::Ru);
+  const ANALYSIS& c = moved;
+  EXPECT_EQ(c.InitPWPCondOption(), InitialCondOption::Ru);
+  EXPECT_EQ(c.TimeInc().CustomElapsed().size(), 1u);
+}
+
+TEST(AnalysisTable, ParentLinksFollowDeletionAndCompaction) {
+  QVDocument doc;
+  doc.DataInit();
+  auto& t = doc.Analyses();
+  for (int i = 0; i < 4; ++i) t.Add(ANALYSIS{});
+  ASSERT_TRUE(t.SetParent(2, 1).succeeded());
+  ASSERT_TRUE(t.SetParent(3, 2).succeeded());
+  ASSERT_TRUE(t.SetParent(4, 2).succeeded());
+  EXPECT_EQ(t.Children(2), (std::vector<GID>{3, 4}));
+  EXPECT_EQ(t.Ancestors(4), (std::vector<GID>{2, 1}));
+
+  // Refused: a cycle, itself, missing analyses.
+  EXPECT_TRUE(t.SetParent(1, 4).failed());
+  EXPECT_TRUE(t.SetParent(2, 2).failed());
+  EXPECT_TRUE(t.SetParent(9, 1).failed());
+  EXPECT_TRUE(t.SetParent(1, 9).failed());
+  EXPECT_EQ(t.At(1).parent, 0u);
+
+  UsageList usage;
+  t.OnGetUsageOf(container::Analyses, usage);
+  ASSERT_GE(usage.size(), 3u);
+  EXPECT_EQ(usage[2], (std::vector<GGID>{{container::Analyses, 3}, {container::Analyses, 4}}));
+
+  t.Delete({1, 3});
+  EXPECT_EQ(t.At(2).parent, 0u) << "a deleted parent leaves no dangling link";
+  doc.ContainerManager().FullCompact();
+  ASSERT_EQ(t.Size(), 2u);
+  EXPECT_EQ(t.At(2).parent, 1u) << "the link is renumbered with its parent";
+}
+
+}  // namespace

@@ -1,0 +1,98 @@
+// Per-kind analysis data: usage answers, repair of references, motion
+// records as time steps.
+#include <gtest/gtest.h>
+
+#include "V7Doc/analysis/AnalysisKindData.h"
+#include "V7Doc/analysis/TIMEINCSTRUCT.h"
+#include "V7Doc/core/QVDocument.h"
+
+namespace {
+
+using namespace v7;
+
+TEST(KindData, ContainerNumbersMatchTheDocument) {
+  EXPECT_EQ(kind_data::kStabItems, container::StabItems);
+  EXPECT_EQ(kind_data::kEvapoItems, container::EvapoItems);
+  EXPECT_EQ(kind_data::kMaterials, container::Materials);
+  EXPECT_EQ(kind_data::kClimateData, container::ClimateData);
+  EXPECT_EQ(kind_data::kThermosyphons, container::Thermosyphons);
+  EXPECT_STREQ(FunctionListName(kind_data::kStressBoundFns), L"StressBFns");
+}
+
+struct KindDataInDocument : ::testing::Test {
+  void SetUp() override {
+    doc.DataInit();
+    for (int i = 0; i < 3; ++i) doc.Analyses().Add(ANALYSIS{});
+    for (int i = 0; i < 4; ++i) doc.Materials().Add(PendingRecord<4>{L"m", false});
+    for (int i = 0; i < 3; ++i) doc.FunctionList(kind_data::kStressBoundFns)->Add(Func2D{L"f", L"", false});
+    auto& stab = doc.StabItems().Get(2);
+    stab.vSurcharges_.push_back({L"fill", 20, {}, 3, VariationType::Linear, false});
+    stab.vSurcharges_.push_back({L"gone", 20, {}, 1, VariationType::Linear, true});
+    stab.vPiezometricLines_.push_back({L"piezo", {}, {2, 4, 2}, InputDefinition::Define, false});
+    doc.HydroItems().Get(1).vInitialWaterTables_.push_back({L"wt", {}, {4}, {}, false});
+  }
+  QVDocument doc;
+};
+
+TEST_F(KindDataInDocument, UsageQueriesReachThePerKindData) {
+  UsageList usage;
+  doc.ContainerManager().GetUsageOf(container::Materials, usage);
+  ASSERT_EQ(usage.size(), 5u);
+  EXPECT_EQ(usage[2], (std::vector<GGID>{{container::StabItems, 2}}))
+      << "one entry, though the line names material 2 twice";
+  EXPECT_EQ(usage[4], (std::vector<GGID>{{container::HydroItems, 1}, {container::StabItems, 2}}));
+  EXPECT_TRUE(usage[1].empty());
+
+  doc.ContainerManager().GetUsageOf(kind_data::kStressBoundFns, usage);
+  ASSERT_EQ(usage.size(), 4u);
+  EXPECT_EQ(usage[3], (std::vector<GGID>{{container::StabItems, 2}}));
+  EXPECT_TRUE(usage[1].empty()) << "a deleted surcharge refers to nothing";
+}
+
+TEST_F(KindDataInDocument, DeletionAndCompactionRepairReferences) {
+  doc.Materials().Delete({2});
+  const auto& line = doc.StabItems().Find(2)->vPiezometricLines_[0];
+  EXPECT_EQ(line.vMaterials_, (std::vector<GID>{4}));
+  doc.ContainerManager().FullCompact();
+  EXPECT_EQ(doc.StabItems().Find(2)->vPiezometricLines_[0].vMaterials_, (std::vector<GID>{3}));
+  EXPECT_EQ(doc.HydroItems().Find(1)->vInitialWaterTables_[0].vMaterials_, (std::vector<GID>{3}));
+  EXPECT_EQ(doc.StabItems().Find(2)->vSurcharges_.size(), 1u) << "deleted surcharges squeezed out";
+
+  doc.FunctionList(kind_data::kStressBoundFns)->Delete({3});
+  EXPECT_EQ(doc.StabItems().Find(2)->vSurcharges_[0].fnNum_, 0u) << "now a constant surcharge";
+}
+
+TEST(KindData, AssignAndIsEqualCompareByType) {
+  StabData a, b;
+  a.nNumTrials_ = 5;
+  EXPECT_FALSE(a.IsEqual(b));
+  b.Assign(a);
+  EXPECT_TRUE(a.IsEqual(b));
+  HydroData h;
+  EXPECT_FALSE(h.IsEqual(a)) << "different kinds are never equal";
+}
+
+TEST(KindData, MotionRecordGivesTheTimeSteps) {
+  ShakeData shake;
+  auto& h = shake.earthquake_.horizontal_.vTimeHistory_;
+  h = {{0, 0}, {0.02, 0.1}, {0.04, -0.2}, {0.06, 0.05}};
+  shake.earthquake_.vertical_.vTimeHistory_ = {{0, 0}, {0.03, 0.01}};
+  TIMEINCSTRUCT t;
+  t.SetStartTime(1);
+  t.SetSaveMult(2);
+  ASSERT_TRUE(t.SetTimeSteps(shake.earthquake_.horizontal_).succeeded());
+  ASSERT_EQ(t.TimeIncs().size(), 3u);
+  EXPECT_DOUBLE_EQ(t.TimeIncs()[2].fElapsed, 1.06);
+  EXPECT_DOUBLE_EQ(t.TimeIncs()[1].fIncSize, 0.02);
+  EXPECT_EQ(t.TimeIncs()[0].nSave, 0);
+  EXPECT_EQ(t.TimeIncs()[1].nSave, 1);
+  ASSERT_TRUE(t.SetTimeSteps(shake.earthquake_).succeeded());
+  EXPECT_EQ(t.TimeIncs().size(), 4u) << "0.02, 0.03, 0.04, 0.06";
+
+  h[2].fTime = 0.01;  // goes back in time
+  const auto s = t.SetTimeSteps(shake.earthquake_.horizontal_);
+  EXPECT_TRUE(s.failed());
+  EXPECT_NE(s.message().find(L"sample 3"), std::wstring::npos) << s.message_utf8();
+}
+
+}  // namespace
