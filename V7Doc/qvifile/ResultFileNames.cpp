@@ -3,6 +3,7 @@
 #include <cstdio>
 
 #include "QVI/str/Convert.h"
+#include "V7Doc/qvifile/V5Extensions.h"
 
 namespace v7::qvifile::result {
 namespace {
@@ -99,6 +100,14 @@ std::wstring NameForces(const doc::file::Name& n, int surface, int step) {
 std::wstring NameProbability(const doc::file::Name& n, int surface, int step) {
   return Numbered02(n, surface, step, L".pro", L".optpro");
 }
+std::wstring NamePrimary(const doc::file::Name& n, AnalysisKind kind, AnlsMethod method,
+                         int step) {
+  std::wstring ext = ext::v5::PriResults(kind, method);
+  if (ext.empty()) return {};
+  if (ext.back() == L'*') ext = ext.substr(0, ext.size() - 1) + Padded(step < 0 ? 0 : step, 2);
+  return n.FolderStem() + ext;
+}
+
 std::wstring NameMark(const doc::file::Name& n) { return n.FolderStem() + L".mrk"; }
 std::wstring NameNewmark(const doc::file::Name& n) { return n.FolderStem() + L".new"; }
 

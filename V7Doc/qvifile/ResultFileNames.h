@@ -20,6 +20,7 @@
 #include <string>
 
 #include "QVI/doc/FileName.h"
+#include "V7Doc/analysis/AnalysisEnums.h"
 #include "V7Doc/core/GID.h"
 
 namespace v7::qvifile::result {
@@ -78,6 +79,12 @@ std::wstring NameData(const doc::file::Name& name, const std::wstring& text, dou
 std::wstring NameFofS(const doc::file::Name& name, int step);
 std::wstring NameForces(const doc::file::Name& name, int surface, int step);
 std::wstring NameProbability(const doc::file::Name& name, int surface, int step);
+// The primary results of one step of an earlier-generation analysis: the
+// stem and the kind's primary extension with the step as "%02d" in place of
+// its "*" (".h03"); the stability ".fac" takes no step. Empty when the kind
+// and method name no primary file.
+std::wstring NamePrimary(const doc::file::Name& name, AnalysisKind kind, AnlsMethod method,
+                         int step);
 std::wstring NameMark(const doc::file::Name& name);     // ".mrk"
 std::wstring NameNewmark(const doc::file::Name& name);  // ".new"
 

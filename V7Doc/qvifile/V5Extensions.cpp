@@ -31,6 +31,14 @@ QV_V5_ROW(Data, L".sur", L".she", L".hyp", L".dfg", L".stp", L".thm", L".evd")
 QV_V5_ROW(Secondary, L".su2", L".sh2", L".hy2", L".df2", L".st2", L".th2", L".ev2")
 QV_V5_ROW(ContourOptions, L".su3", L".sh3", L".hy3", L".df3", L".st3", L".th3", L".ev3")
 QV_V5_ROW(Convergence, L".cnc", L".cnq", L".cnv", L".cns", L"", L".cnp", L".evcnv")
+std::wstring PriResults(AnalysisKind kind, AnlsMethod method) {
+  static constexpr Row row{L".c*", L".x*", L".h*", L".s*", L".fac", L".t*", L".vh*"};
+  if (method != AnlsMethod::None && method != AnlsMethod::Undefined &&
+      !IsMethodAllowed(kind, method))
+    return {};
+  return Cell(row, kind);
+}
+
 QV_V5_ROW(Concentration, L".c*", L"", L"", L"", L"", L"", L"")
 QV_V5_ROW(Mass, L".b*", L"", L"", L"", L"", L"", L"")
 QV_V5_ROW(Dispersion, L".k*", L"", L"", L"", L"", L"", L"")

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "V7Doc/analysis/ANALYSIS.h"
+#include "V7Doc/analysis/AnalysisEnums.h"
 
 namespace v7::qvifile::ext::v5 {
 
@@ -14,6 +15,11 @@ std::wstring Data(AnalysisKind kind);            // the definition file
 std::wstring Secondary(AnalysisKind kind);
 std::wstring ContourOptions(AnalysisKind kind);
 std::wstring Convergence(AnalysisKind kind);     // none for stability
+// The primary results of an analysis of `kind` solved by `method`: the
+// kind's own cell, or empty when the method is one the kind does not admit
+// (a stability method on a seepage analysis names no file). An undefined
+// method stands for the kind's default.
+std::wstring PriResults(AnalysisKind kind, AnlsMethod method);
 std::wstring Concentration(AnalysisKind kind);
 std::wstring Mass(AnalysisKind kind);
 std::wstring Dispersion(AnalysisKind kind);

@@ -90,6 +90,33 @@ TEST(V5Extensions, EveryReturnedExtensionMapsBackToItsKind) {
   EXPECT_EQ(cells, 7 * 4 + 6 + 5 + 2 * 4 + 4 + 3 + 4 + 3 + 6);
 }
 
+TEST(V5Extensions, PrimaryResultsDependOnKindAndMethod) {
+  struct Case {
+    K kind;
+    AnlsMethod method;
+    const wchar_t* ext;
+  } cases[] = {
+      {K::Hydro, AnlsMethod::Transient, L".h*"},
+      {K::Hydro, AnlsMethod::SteadyState, L".h*"},
+      {K::Hydro, AnlsMethod::Undefined, L".h*"},
+      {K::Stab, AnlsMethod::MorgensternPrice, L".fac"},
+      {K::Hydro, AnlsMethod::MorgensternPrice, L""},
+      {K::Thermo, AnlsMethod::SteadyState, L".t*"},
+      {K::None, AnlsMethod::Undefined, L""},
+  };
+  for (const auto& c : cases)
+    EXPECT_EQ(ext::v5::PriResults(c.kind, c.method), c.ext) << static_cast<int>(c.kind);
+  const doc::file::Name project(L"dam.hyz");
+  EXPECT_EQ(result::NamePrimary(project, K::Hydro, AnlsMethod::Transient, 3), L"dam.h03");
+  EXPECT_EQ(result::NamePrimary(project, K::Hydro, AnlsMethod::Transient, 120), L"dam.h120");
+  EXPECT_EQ(result::NamePrimary(project, K::Stab, AnlsMethod::Spencer, 3), L"dam.fac");
+  EXPECT_EQ(result::NamePrimary(project, K::Hydro, AnlsMethod::Spencer, 3), L"");
+  EXPECT_EQ(ext::KindByExt(doc::file::Name(result::NamePrimary(project, K::Evapo,
+                                                                AnlsMethod::Transient, 7))
+                               .Ext()),
+            K::Evapo);
+}
+
 TEST(ResultNames, CurrentGenerationFolders) {
   const doc::file::Name folder(result::FName(7) + L"/");
   struct Case {
