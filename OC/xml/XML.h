@@ -20,7 +20,7 @@ namespace oc::xml {
 
 // What a read found.
 struct ReadReport {
-  std::vector<gtl::status> messages;  // warnings and errors, in document order
+  std::vector<gtl::status> messages;  // warnings and errors, in reading order
   std::wstring version;               // the root's "Version" attribute
   std::size_t errors = 0;             // how many of the messages are errors
 };
