@@ -1,0 +1,248 @@
+#pragma once
+// Declaring a record type: one line per persistent member.
+//
+//   template <> const oc::RecordType& oc::TypeOf<Point>() {
+//     static const oc::RecordType& t = oc::Schema<Point>(L"Point")
+//         .Add(&Point::fX_, L"fX_", L"X")
+//         .Add(&Point::eKind_, L"eKind_", L"Kind")
+//         .Add(&Point::GetZ, &Point::SetZ, L"z_", L"Z", meta::MetaDataTraits{}.Bounds(0, 1))
+//         .Done();
+//     return t;
+//   }
+//
+// The member's C++ type fixes its value type: bool, std::int32_t,
+// std::uint32_t (GID), std::int64_t, double, std::wstring, an enumeration
+// with a meta::EnumTable, a nested record (declared with its own TypeOf), a
+// std::vector of records or values, or an identified record table
+// (QVContainerTable). Collections take a collection name, "Points[Point]".
+// A table persists each record's ID itself: do not declare a stored ID
+// member of the record.
+//
+// Only the thin typed adapters live here; the work is done by compiled code.
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <type_traits>
+#include <utility>
+#include <vector>
+
+#include "OC/RecordType.h"
+#include "QVI/meta/MetaEnumCommon.h"
+
+namespace oc {
+
+// The declaration of record type T; specialised once per record type, next
+// to it, and built on first use.
+template <class T>
+const RecordType& TypeOf();
+
+// Registers a finished record type with the registry and returns it (the
+// registry owns it). Used by Schema::Done.
+const RecordType& AdoptRecordType(std::unique_ptr<RecordType> type);
+
+namespace detail {
+
+template <class M>
+constexpr bool kIsScalar = std::is_same_v<M, bool> || std::is_same_v<M, std::int32_t> ||
+                           std::is_same_v<M, std::uint32_t> || std::is_same_v<M, std::int64_t> ||
+                           std::is_same_v<M, double> || std::is_same_v<M, std::wstring> ||
+                           std::is_enum_v<M>;
+
+template <class M>
+constexpr ValueType ScalarTypeOf() {
+  if constexpr (std::is_same_v<M, bool>) return ValueType::Bool;
+  else if constexpr (std::is_same_v<M, std::int32_t>) return ValueType::Int32;
+  else if constexpr (std::is_same_v<M, std::uint32_t>) return ValueType::UInt32;
+  else if constexpr (std::is_same_v<M, std::int64_t>) return ValueType::Int64;
+  else if constexpr (std::is_same_v<M, double>) return ValueType::Double;
+  else if constexpr (std::is_same_v<M, std::wstring>) return ValueType::WString;
+  else {
+    static_assert(std::is_enum_v<M> && sizeof(M) == sizeof(std::int32_t),
+                  "persisted enumerations are 32-bit");
+    return ValueType::Enum;
+  }
+}
+
+template <class M>
+concept IdentifiedTable = requires(M t, const M ct, std::uint32_t id) {
+  typename M::id_policy;
+  typename M::value_type;
+  t.Reserve(std::size_t{});
+  t.At(id);
+  ct.IsMissingSlot(id);
+  ct.Size();
+};
+
+template <class M>
+struct IsVector : std::false_type {};
+template <class X, class A>
+struct IsVector<std::vector<X, A>> : std::true_type {};
+
+template <class T>
+RecordOps OpsOf() {
+  RecordOps ops;
+  ops.create = [] { return static_cast<void*>(new T()); };
+  ops.destroy = [](void* p) { delete static_cast<T*>(p); };
+  ops.copy = [](void* d, const void* s) { *static_cast<T*>(d) = *static_cast<const T*>(s); };
+  ops.move = [](void* d, void* s) { *static_cast<T*>(d) = std::move(*static_cast<T*>(s)); };
+  ops.equal = [](const void* a, const void* b) {
+    return *static_cast<const T*>(a) == *static_cast<const T*>(b);
+  };
+  return ops;
+}
+
+template <class T, class M>
+class FieldAccess final : public Accessor {
+ public:
+  explicit FieldAccess(M T::*field) : field_(field) {}
+  void* Field(void* rec) const override { return &(static_cast<T*>(rec)->*field_); }
+
+ private:
+  M T::*field_;
+};
+
+// Getter/setter members; enumerations go through their 32-bit value.
+template <class T, class V, class Getter, class Setter>
+class PropertyAccess final : public Accessor {
+ public:
+  PropertyAccess(Getter g, Setter s) : get_(g), set_(s) {}
+  void* Field(void*) const override { return nullptr; }
+  void Load(const void* rec, void* value) const override {
+    const V v = (static_cast<const T*>(rec)->*get_)();
+    if constexpr (std::is_enum_v<V>) *static_cast<std::int32_t*>(value) = static_cast<std::int32_t>(v);
+    else *static_cast<V*>(value) = v;
+  }
+  void Store(void* rec, const void* value) const override {
+    if constexpr (std::is_enum_v<V>)
+      (static_cast<T*>(rec)->*set_)(static_cast<V>(*static_cast<const std::int32_t*>(value)));
+    else (static_cast<T*>(rec)->*set_)(*static_cast<const V*>(value));
+  }
+
+ private:
+  Getter get_;
+  Setter set_;
+};
+
+template <class Vec>
+class VectorOps final : public SequenceOps {
+ public:
+  std::size_t Size(const void* s) const override { return static_cast<const Vec*>(s)->size(); }
+  void Resize(void* s, std::size_t n) const override { static_cast<Vec*>(s)->resize(n); }
+  void* At(void* s, std::size_t i) const override { return &(*static_cast<Vec*>(s))[i]; }
+  bool Equal(const void* a, const void* b) const override {
+    return *static_cast<const Vec*>(a) == *static_cast<const Vec*>(b);
+  }
+  void Copy(void* d, const void* s) const override {
+    *static_cast<Vec*>(d) = *static_cast<const Vec*>(s);
+  }
+};
+
+template <class Table>
+class TableAdapter final : public TableOps {
+  using T = typename Table::value_type;
+
+ public:
+  std::size_t Size(const void* t) const override { return static_cast<const Table*>(t)->Size(); }
+  bool IsLive(const void* t, std::uint32_t id) const override {
+    return id >= 1 && id <= Size(t) && !static_cast<const Table*>(t)->IsMissingSlot(id);
+  }
+  void* At(void* t, std::uint32_t id) const override { return &static_cast<Table*>(t)->At(id); }
+  void Clear(void* t) const override { static_cast<Table*>(t)->Clear(); }
+  void Place(void* t, std::uint32_t id, void* rec) const override {
+    Table& table = *static_cast<Table*>(t);
+    if (id > table.Size()) table.Reserve(id);
+    table.At(id) = std::move(*static_cast<T*>(rec));
+    if constexpr (Table::id_policy::kStoresID) Table::id_policy::SetID(table.At(id), id);
+  }
+  void Copy(void* d, const void* s) const override {
+    *static_cast<Table*>(d) = *static_cast<const Table*>(s);
+  }
+};
+
+template <class E>
+const meta::MetaEnumCommon* EnumTableOf() {
+  if constexpr (std::is_enum_v<E>) return &meta::EnumTable<E>();
+  else return nullptr;
+}
+
+}  // namespace detail
+
+template <class T>
+class Schema {
+ public:
+  // Starts the declaration of record type T under `name`.
+  explicit Schema(std::wstring name)
+      : type_(std::make_unique<RecordType>(std::move(name), detail::OpsOf<T>())) {}
+
+  // Declares field `field` with C++ name `name`, persisted as `tag_name`
+  // ("X", "Group.X", or a collection "Points[Point]").
+  template <class M>
+  Schema& Add(M T::*field, std::wstring name, std::wstring_view tag_name,
+              meta::MetaDataTraits traits = {}) {
+    auto m = Start(std::move(name), tag_name, std::move(traits));
+    m->access = std::make_unique<detail::FieldAccess<T, M>>(field);
+    if constexpr (detail::kIsScalar<M>) {
+      m->type = detail::ScalarTypeOf<M>();
+      m->traits.enum_table = detail::EnumTableOf<M>();
+    } else if constexpr (detail::IdentifiedTable<M>) {
+      m->type = ValueType::Table;
+      m->record = &TypeOf<typename M::value_type>;
+      m->table = std::make_unique<detail::TableAdapter<M>>();
+    } else if constexpr (detail::IsVector<M>::value) {
+      using X = typename M::value_type;
+      static_assert(!std::is_same_v<X, bool>, "std::vector<bool> has no addressable elements");
+      m->type = ValueType::Array;
+      m->seq = std::make_unique<detail::VectorOps<M>>();
+      if constexpr (detail::kIsScalar<X>) {
+        m->element_type = detail::ScalarTypeOf<X>();
+        m->traits.enum_table = detail::EnumTableOf<X>();
+      } else {
+        m->record = &TypeOf<X>;
+      }
+    } else {
+      m->type = ValueType::Struct;
+      m->record = &TypeOf<M>;
+    }
+    type_->AddMember(std::move(m));
+    return *this;
+  }
+
+  // Declares a scalar member reached through its accessor pair.
+  template <class G, class S>
+  Schema& Add(G (T::*getter)() const, void (T::*setter)(S), std::wstring name,
+              std::wstring_view tag_name, meta::MetaDataTraits traits = {}) {
+    using V = std::remove_cvref_t<G>;
+    static_assert(std::is_same_v<V, std::remove_cvref_t<S>>, "getter and setter disagree");
+    static_assert(detail::kIsScalar<V>, "accessor members hold one value");
+    auto m = Start(std::move(name), tag_name, std::move(traits));
+    m->type = detail::ScalarTypeOf<V>();
+    m->traits.enum_table = detail::EnumTableOf<V>();
+    m->access = std::make_unique<
+        detail::PropertyAccess<T, V, G (T::*)() const, void (T::*)(S)>>(getter, setter);
+    type_->AddMember(std::move(m));
+    return *this;
+  }
+
+  // Closes the declaration and hands the type to the registry.
+  const RecordType& Done() { return AdoptRecordType(std::move(type_)); }
+
+ private:
+  std::unique_ptr<Member> Start(std::wstring name, std::wstring_view tag_name,
+                                meta::MetaDataTraits traits) {
+    auto m = std::make_unique<Member>();
+    m->name = std::move(name);
+    m->persist = meta::MetaPersistTraits::TagFromTagName(tag_name);
+    m->traits = std::move(traits);
+    return m;
+  }
+
+  std::unique_ptr<RecordType> type_;
+};
+
+// A data store handle on a live record of a declared type.
+template <class T>
+IODS Store(T& obj) {
+  return IODS{&TypeOf<T>(), &obj};
+}
+
+}  // namespace oc

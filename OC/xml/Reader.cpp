@@ -1,0 +1,292 @@
+// Reading walks the XML tree and the declarations together: each element is
+// looked up among the children of the layout node it belongs to, so the
+// cost is linear in the file and no path text is built unless a problem is
+// reported.
+#include <algorithm>
+#include <deque>
+#include <fstream>
+#include <iterator>
+#include <pugixml.hpp>
+
+#include "OC/OCError.h"
+#include "OC/Registry.h"
+#include "OC/xml/XML.h"
+#include "OC/xml/XMLError.h"
+#include "QVI/meta/MetaEnumCommon.h"
+#include "QVI/str/Convert.h"
+
+namespace oc::xml {
+namespace {
+constexpr unsigned kMsgUnknownElement = 31003;
+constexpr unsigned kMsgMalformedValue = 31004;
+constexpr unsigned kMsgParseError = 31006;
+constexpr unsigned kMsgWrongRoot = 31007;
+constexpr unsigned kMsgDuplicateID = 31008;
+constexpr unsigned kMsgInvalidID = 31009;
+constexpr unsigned kMsgCannotOpen = 31010;
+constexpr unsigned kMsgOutOfBoundsRead = 31012;
+constexpr unsigned kMsgUnknownEnumName = 31013;
+constexpr unsigned kMsgTooDeep = 31014;
+constexpr unsigned kMsgMissingID = 31015;
+constexpr unsigned kMsgDeletedOnRead = 31017;
+
+// Elements deeper than this are refused: a declaration tree is far
+// shallower, and recursion must stay bounded on hostile input.
+constexpr std::size_t kMaxDepth = 128;
+// An ID may exceed the number of records by this factor (rows deleted and
+// never compacted) before the table refuses to reserve its slots.
+constexpr std::size_t kSlotsPerRecord = 64;
+constexpr std::size_t kMinSlotLimit = 65536;
+
+struct Frame {
+  const std::wstring* name;
+  std::uint64_t index;
+  bool has_index;
+};
+
+class Reader {
+ public:
+  explicit Reader(impl::XMLError& err) : err_(err) {}
+
+  void ReadRecord(const RecordType& type, void* rec, pugi::xml_node el, bool table_record) {
+    ReadGroup(type.Layout(), rec, el, table_record);
+  }
+
+ private:
+  struct Item {
+    std::size_t rank;
+    const TagNode* node;
+    pugi::xml_node el;
+  };
+
+  std::wstring Where() const {
+    std::wstring w;
+    for (const auto& f : stack_) {
+      if (f.name) {
+        if (!w.empty()) w += L'.';
+        w += *f.name;
+      }
+      if (f.has_index) w += L"[" + str::to_wstring(static_cast<unsigned long long>(f.index)) + L"]";
+    }
+    return w.empty() ? L"(root)" : w;
+  }
+  std::wstring Line(pugi::xml_node el) {
+    const std::size_t line = err_.Line(el.offset_debug());
+    return line ? str::to_wstring(static_cast<unsigned long long>(line)) : L"?";
+  }
+  void Unknown(pugi::xml_node el) {
+    const std::wstring where = Where();
+    err_.ReportError(gtl::status::warning(kMsgUnknownElement, str::to_wstring(el.name()), where, Line(el)));
+  }
+
+  bool Enter(pugi::xml_node el) {
+    if (stack_.size() < kMaxDepth) return true;
+    err_.ReportError(gtl::status::error(kMsgTooDeep, static_cast<unsigned long long>(kMaxDepth), Where(), Line(el)));
+    return false;
+  }
+
+  void ReadGroup(const TagNode& group, void* rec, pugi::xml_node el, bool table_record) {
+    if (!Enter(el)) return;
+    if (buffers_.size() <= stack_.size()) buffers_.resize(stack_.size() + 1);
+    std::vector<Item>& items = buffers_[stack_.size()];
+    items.clear();
+    bool sorted = true;
+    for (pugi::xml_node c = el.first_child(); c; c = c.next_sibling()) {
+      if (c.type() != pugi::node_element) continue;
+      const TagNode* n = group.Child(c.name());
+      if (!n) {
+        if (!(table_record && std::string_view(c.name()) == "ID")) Unknown(c);
+        continue;
+      }
+      // The node's position among its siblings is its write rank.
+      const std::size_t rank = n->rank;
+      if (!items.empty() && items.back().rank > rank) sorted = false;
+      items.push_back({rank, n, c});
+    }
+    // Persistence orderings hold on read as well: elements found out of the
+    // declared order are read in it (stable, so a repeated element's last
+    // occurrence still wins).
+    if (!sorted)
+      std::stable_sort(items.begin(), items.end(),
+                       [](const Item& a, const Item& b) { return a.rank < b.rank; });
+    // Deeper levels use deeper buffers (every descent pushes a frame), and a
+    // deque keeps this one in place while they are added.
+    for (const Item& it : items) {
+      stack_.push_back({&it.node->wtag, 0, false});
+      if (it.node->member) ReadMember(*it.node->member, rec, it.el);
+      else ReadGroup(*it.node, rec, it.el, false);
+      stack_.pop_back();
+    }
+  }
+
+  // Reads the text of `el` into a value of `type` at `storage`.
+  void ReadValue(const Member& m, ValueType type, pugi::xml_node el, void* storage) {
+    for (pugi::xml_node c = el.first_child(); c; c = c.next_sibling())
+      if (c.type() == pugi::node_element) Unknown(c);
+    const char* text = el.child_value();
+    gtl::status warning;
+    if (!ParseScalar(type, m.traits.enum_table, text, storage, warning)) {
+      err_.ReportError(gtl::status::error(kMsgMalformedValue, str::to_wstring(text), Where(), Line(el)));
+      return;
+    }
+    if (!warning.succeeded())
+      err_.ReportError(gtl::status::warning(kMsgUnknownEnumName, str::to_wstring(text),
+                                            m.traits.enum_table->EnumName(), Where(), Line(el)));
+    double d = 0;
+    const auto& tr = m.traits;
+    if ((tr.min || tr.max) && IsNumeric(type) && ScalarToDouble(type, storage, d) &&
+        !(type == ValueType::Double && d == qvi::kNoValue) &&
+        !(type == ValueType::Int32 && *static_cast<const std::int32_t*>(storage) == qvi::kNone) &&
+        ((tr.min && !(d >= *tr.min)) || (tr.max && !(d <= *tr.max))))
+      // Kept as read: the record's own validation decides what to do with it.
+      err_.ReportError(gtl::status::warning(kMsgOutOfBoundsRead, str::to_wstring(text), Where(), Line(el)));
+  }
+
+  void ReadMember(const Member& m, void* rec, pugi::xml_node el) {
+    if (IsScalar(m.type)) {
+      if (void* f = m.access->Field(rec)) {
+        ReadValue(m, m.type, el, f);
+      } else {
+        ScalarBox box;
+        m.access->Load(rec, box.Slot(m.type));
+        ReadValue(m, m.type, el, box.Slot(m.type));
+        m.access->Store(rec, box.Slot(m.type));
+      }
+      return;
+    }
+    void* field = m.access->Field(rec);
+    switch (m.type) {
+      case ValueType::Struct: ReadRecord(m.record(), field, el, false); return;
+      case ValueType::Array: ReadArray(m, field, el); return;
+      case ValueType::Table: ReadTable(m, field, el); return;
+      default: return;
+    }
+  }
+
+  void ReadArray(const Member& m, void* vec, pugi::xml_node el) {
+    if (!Enter(el)) return;
+    m.seq->Resize(vec, 0);
+    std::size_t n = 0;
+    for (pugi::xml_node c = el.first_child(); c; c = c.next_sibling()) {
+      if (c.type() != pugi::node_element) continue;
+      if (m.element_tag_utf8 != c.name()) {
+        Unknown(c);
+        continue;
+      }
+      m.seq->Resize(vec, n + 1);
+      stack_.push_back({nullptr, n, true});
+      void* item = m.seq->At(vec, n);
+      if (m.element_type == ValueType::Struct) ReadRecord(m.record(), item, c, false);
+      else ReadValue(m, m.element_type, c, item);
+      stack_.pop_back();
+      ++n;
+    }
+  }
+
+  void ReadTable(const Member& m, void* table, pugi::xml_node el) {
+    if (!Enter(el)) return;
+    m.table->Clear(table);
+    const RecordType& rt = m.record();
+    std::size_t count = 0;
+    for (pugi::xml_node c = el.child(m.element_tag_utf8.c_str()); c;
+         c = c.next_sibling(m.element_tag_utf8.c_str()))
+      ++count;
+    const std::size_t limit = std::max(kMinSlotLimit, kSlotsPerRecord * count);
+    OCObject tmp(rt);
+    for (pugi::xml_node c = el.first_child(); c; c = c.next_sibling()) {
+      if (c.type() != pugi::node_element) continue;
+      if (m.element_tag_utf8 != c.name()) {
+        Unknown(c);
+        continue;
+      }
+      std::uint32_t id = 0;
+      const pugi::xml_node idel = c.child("ID");
+      gtl::status unused;
+      if (!idel) {
+        // Kept rather than dropped: it takes the first slot after the others.
+        id = static_cast<std::uint32_t>(m.table->Size(table) + 1);
+        err_.ReportError(gtl::status::warning(kMsgMissingID, Where(), Line(c), static_cast<unsigned long long>(id)));
+      } else if (!ParseScalar(ValueType::UInt32, nullptr, idel.child_value(), &id, unused) || id == 0 ||
+                 id > limit) {
+        err_.ReportError(gtl::status::error(kMsgInvalidID, str::to_wstring(idel.child_value()), Where(), Line(idel)));
+        continue;
+      }
+      if (m.table->IsLive(table, id)) {
+        err_.ReportError(gtl::status::error(kMsgDuplicateID, static_cast<unsigned long long>(id), Where(), Line(c)));
+        continue;
+      }
+      stack_.push_back({nullptr, id, true});
+      rt.Ops().copy(tmp.get(), rt.Prototype());
+      ReadRecord(rt, tmp.get(), c, true);
+      m.table->Place(table, id, tmp.get());
+      if (!m.table->IsLive(table, id))
+        err_.ReportError(gtl::status::warning(kMsgDeletedOnRead, Where(), Line(c)));
+      stack_.pop_back();
+    }
+  }
+
+  impl::XMLError& err_;
+  std::vector<Frame> stack_;
+  std::deque<std::vector<Item>> buffers_;
+};
+
+gtl::status FirstError(const ReadReport& r) {
+  for (const auto& s : r.messages)
+    if (s.failed()) return s;
+  return r.errors ? gtl::status::error(kMsgMalformedValue, L"", L"", L"") : gtl::status{};
+}
+
+}  // namespace
+
+unsigned ParseOptions() {
+  return (pugi::parse_default & ~pugi::parse_eol) | pugi::parse_ws_pcdata_single;
+}
+
+gtl::status FileImport(const pugi::xml_document& doc, const IODS& target, ReadReport* report,
+                       std::string_view source) {
+  ReadReport local;
+  ReadReport& r = report ? *report : local;
+  r = ReadReport{};
+  if (!target.IsValid()) return OCError::not_recognized(L"(no object)", L"FileImport");
+  impl::XMLError err(r, source);
+  const pugi::xml_node root = doc.document_element();
+  const RootInfo* info = OCRegistry::Instance().Root(*target.type);
+  const std::wstring expected = info ? info->tag : target.type->Name();
+  if (!root || str::to_wstring(root.name()) != expected) {
+    err.ReportError(gtl::status::error(kMsgWrongRoot, root ? str::to_wstring(root.name()) : L"", expected));
+    return FirstError(r);
+  }
+  r.version = str::to_wstring(root.attribute("Version").value());
+  // A fresh object takes the values; the target is replaced only on success.
+  OCObject fresh(*target.type);
+  Reader(err).ReadRecord(*target.type, fresh.get(), root, false);
+  if (err.Errors() == 0) target.type->Ops().move(target.root, fresh.get());
+  return FirstError(r);
+}
+
+gtl::status StringRead(std::string_view xml, const IODS& target, ReadReport* report) {
+  pugi::xml_document doc;
+  const pugi::xml_parse_result res =
+      doc.load_buffer(xml.data(), xml.size(), ParseOptions(), pugi::encoding_utf8);
+  if (!res) {
+    ReadReport local;
+    ReadReport& r = report ? *report : local;
+    r = ReadReport{};
+    impl::XMLError err(r, xml);
+    const std::size_t line = err.Line(res.offset);
+    err.ReportError(gtl::status::error(kMsgParseError, target.type ? target.type->Name() : L"",
+                                       res.description(), static_cast<unsigned long long>(line)));
+    return FirstError(r);
+  }
+  return FileImport(doc, target, report, xml);
+}
+
+gtl::status FileRead(const std::wstring& path, const IODS& target, ReadReport* report) {
+  std::ifstream in(str::to_utf8(path), std::ios::binary);
+  if (!in) return gtl::status::error(kMsgCannotOpen, path);
+  const std::string bytes((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
+  if (in.bad()) return gtl::status::error(kMsgCannotOpen, path);
+  return StringRead(bytes, target, report);
+}
+
+}  // namespace oc::xml

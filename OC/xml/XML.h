@@ -1,0 +1,52 @@
+#pragma once
+// XML persistence of declared objects.
+//
+// The document is one root element (the top-level object's registered tag)
+// with a "Version" attribute; below it every member is an element named by
+// its persisted tag, wrapper elements where tags are dotted, collections as
+// an element holding one element per entry, and the records of identified
+// tables led by their <ID>. Members at their default are not written.
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "OC/RecordType.h"
+
+namespace pugi {
+class xml_document;
+}
+
+namespace oc::xml {
+
+// What a read found.
+struct ReadReport {
+  std::vector<gtl::status> messages;  // warnings and errors, in reading order
+  std::wstring version;               // the root's "Version" attribute
+  std::size_t errors = 0;             // how many of the messages are errors
+};
+
+// Reads the XML file `path` into the object of `target`. The file is read
+// into a fresh object which replaces the target only when no error was
+// found: on failure the target is untouched. Warnings (unknown elements,
+// unknown enumeration names) do not fail the read.
+gtl::status FileRead(const std::wstring& path, const IODS& target, ReadReport* report = nullptr);
+// The same from text in memory (a package entry).
+gtl::status StringRead(std::string_view xml, const IODS& target, ReadReport* report = nullptr);
+// Reads an already parsed (and possibly rewritten) document. `source` is the
+// text it was parsed from, for line numbers; empty when there is none.
+gtl::status FileImport(const pugi::xml_document& doc, const IODS& target,
+                       ReadReport* report = nullptr, std::string_view source = {});
+// Writes the object of `source` as XML text (UTF-8).
+gtl::status StringWrite(const IODS& source, std::string& xml);
+// Writes the object of `source` to the XML file `path`.
+gtl::status FileWrite(const IODS& source, const std::wstring& path);
+
+// The parse options every reader uses: whitespace-only text kept as a
+// value, line ends kept as written (a "\r" in a text survives).
+unsigned ParseOptions();
+
+// Fixes that the element at tag path `first` is written and read before the
+// one at `second` ("GeometryItems.Points" before "GeometryItems.Lines").
+void RegisterPersistanceOrdering(std::wstring first, std::wstring second);
+
+}  // namespace oc::xml

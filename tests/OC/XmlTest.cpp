@@ -1,0 +1,240 @@
+#include <gtest/gtest.h>
+
+#include <bit>
+#include <cstring>
+#include <limits>
+#include <random>
+#include <string>
+
+#include "OC/Schema.h"
+#include "OC/xml/XML.h"
+#include "QVI/str/Convert.h"
+#include "tests/OC/TestRecords.h"
+
+namespace octest {
+namespace {
+
+std::string Write(Doc& d) {
+  std::string xml;
+  EXPECT_TRUE(oc::xml::StringWrite(oc::Store(d), xml).succeeded());
+  return xml;
+}
+
+class Xml : public ::testing::Test {
+ protected:
+  void SetUp() override { RegisterTestTypes(); }
+};
+
+TEST_F(Xml, RoundTripGivesEqualRecordsAndSameBytes) {
+  Doc d = SampleDoc();
+  const std::string first = Write(d);
+  Doc back;
+  oc::xml::ReadReport report;
+  ASSERT_TRUE(oc::xml::StringRead(first, oc::Store(back), &report).succeeded())
+      << (report.messages.empty() ? "" : report.messages[0].message_utf8());
+  EXPECT_TRUE(report.messages.empty());
+  EXPECT_EQ(report.version, L"7.1");
+  EXPECT_TRUE(back == d);
+  EXPECT_EQ(Write(back), first);
+  // Deleted rows keep their slots: the same IDs, stored IDs set.
+  EXPECT_EQ(back.layers_.Size(), 5u);
+  EXPECT_TRUE(back.layers_.IsMissingSlot(2));
+  EXPECT_TRUE(back.layers_.IsMissingSlot(4));
+  EXPECT_EQ(back.layers_.At(5).name_, L"Layer 5");
+  ASSERT_EQ(back.items_.Size(), 4u);
+  EXPECT_TRUE(back.items_.IsMissingSlot(1));
+  EXPECT_EQ(back.items_.At(4).id_, 4u);
+  EXPECT_EQ(back.items_.At(4).label_, L"item4");
+  // Defaults are left out; collections nest along their dotted tags.
+  const Doc empty;
+  Doc blank;
+  EXPECT_EQ(Write(blank).find("<Tolerance>"), std::string::npos);
+  EXPECT_NE(first.find("<Functions>\n    <Material>\n      <Hydraulic>\n        <KFns>\n          <KFn>"),
+            std::string::npos)
+      << first;
+  EXPECT_NE(first.find("<Kind>Rock</Kind>"), std::string::npos);  // enumerations by name
+  (void)empty;
+}
+
+TEST_F(Xml, DoublesReadBackBitIdentical) {
+  const double specials[] = {0.0,
+                             -0.0,
+                             std::numeric_limits<double>::denorm_min(),
+                             -std::numeric_limits<double>::denorm_min(),
+                             std::numeric_limits<double>::min(),
+                             std::nextafter(std::numeric_limits<double>::min(), 0.0),
+                             std::numeric_limits<double>::max(),
+                             std::numeric_limits<double>::lowest(),
+                             std::numeric_limits<double>::epsilon(),
+                             std::numeric_limits<double>::infinity(),
+                             -std::numeric_limits<double>::infinity(),
+                             qvi::kNoValue,
+                             0.1,
+                             1.0 / 3.0,
+                             123456789012345678.0,
+                             5e-324,
+                             2.2250738585072009e-308};
+  Doc d;
+  Layer l;
+  l.times_.assign(std::begin(specials), std::end(specials));
+  // Random bit patterns over the whole exponent range (seeded), NaNs excluded.
+  std::mt19937_64 gen(20240611);
+  while (l.times_.size() < 5000) {
+    const double v = std::bit_cast<double>(gen());
+    if (!std::isnan(v)) l.times_.push_back(v);
+  }
+  d.layers_.Add(l);
+  const std::string xml = Write(d);
+  Doc back;
+  ASSERT_TRUE(oc::xml::StringRead(xml, oc::Store(back)).succeeded());
+  ASSERT_EQ(back.layers_.At(1).times_.size(), l.times_.size());
+  for (std::size_t i = 0; i < l.times_.size(); ++i)
+    ASSERT_EQ(std::bit_cast<std::uint64_t>(back.layers_.At(1).times_[i]),
+              std::bit_cast<std::uint64_t>(l.times_[i]))
+        << "value " << i << " = " << l.times_[i];
+}
+
+TEST_F(Xml, ElementsInAnotherOrderReadTheSame) {
+  // Members reversed, table records in descending ID order, points after
+  // lines: all read into the same record.
+  const std::string xml = R"(<?xml version="1.0"?>
+<TestDoc Version="7.1">
+  <Notes><Note>b</Note><Note>a</Note></Notes>
+  <GeometryItems>
+    <Lines><Lines><PointID2>2</PointID2><PointID1>1</PointID1></Lines></Lines>
+    <Points><Point><Y>1</Y><X>2</X></Point><Point/></Points>
+  </GeometryItems>
+  <Items>
+    <Item><Value>2.5</Value><ID>3</ID></Item>
+    <Item><ID>1</ID><Label>one</Label></Item>
+  </Items>
+  <Layers>
+    <Layer><Depth>4</Depth><Kind>Stone</Kind><ID>2</ID><Name>b</Name></Layer>
+  </Layers>
+  <DefaultKind>Sand</DefaultKind>
+  <Tolerance>0.25</Tolerance>
+</TestDoc>)";
+  Doc back;
+  oc::xml::ReadReport r;
+  ASSERT_TRUE(oc::xml::StringRead(xml, oc::Store(back), &r).succeeded());
+  EXPECT_TRUE(r.messages.empty());
+  Doc expected;
+  expected.fTolerance_ = 0.25;
+  expected.eDefaultKind_ = Kind::Sand;
+  expected.notes_ = {L"b", L"a"};
+  expected.geometry_.lines_ = {{1, 2}};
+  expected.geometry_.points_ = {{2, 1}, {0, 0}};
+  expected.items_.Reserve(3);
+  expected.items_.At(1) = Item{1, L"one", qvi::kNoValue};
+  expected.items_.At(3) = Item{3, L"", 2.5};
+  expected.layers_.Reserve(2);
+  Layer l;
+  l.name_ = L"b";
+  l.eKind_ = Kind::Rock;  // "Stone" is a second name of Rock
+  l.SetDepth(4);
+  expected.layers_.At(2) = l;
+  EXPECT_TRUE(back == expected);
+}
+
+TEST_F(Xml, UnknownElementsAreWarnedAndSkipped) {
+  const std::string xml =
+      "<TestDoc Version=\"7.1\">\n<Tolerance>0.5</Tolerance>\n<Bogus><X>1</X></Bogus>\n"
+      "<Layers><Layer><ID>1</ID><Colour>red</Colour><Kind>Granite</Kind></Layer><Stray/></Layers>\n"
+      "<Title>ok<Inner/></Title></TestDoc>";
+  Doc back;
+  oc::xml::ReadReport r;
+  ASSERT_TRUE(oc::xml::StringRead(xml, oc::Store(back), &r).succeeded());
+  EXPECT_EQ(back.fTolerance_, 0.5);
+  EXPECT_EQ(back.title_, L"ok");
+  EXPECT_EQ(back.layers_.At(1).eKind_, Kind::None);  // unknown name: undefined
+  ASSERT_EQ(r.messages.size(), 5u);
+  struct Want {
+    unsigned id;
+    const wchar_t* part;
+  };
+  // In reading order: members in declared order, each record's unknown
+  // children before its values.
+  const Want want[] = {{31003, L"\"Bogus\" at (root), line 3"},
+                       {31003, L"\"Inner\" at Title, line 5"},
+                       {31003, L"\"Colour\" at Layers[1], line 4"},
+                       {31013, L"\"Granite\" is no value of Kind at Layers[1].Kind, line 4"},
+                       {31003, L"\"Stray\" at Layers, line 4"}};
+  for (std::size_t i = 0; i < 5; ++i) {
+    EXPECT_TRUE(r.messages[i].is_warning());
+    EXPECT_EQ(r.messages[i].id(), want[i].id);
+    EXPECT_NE(r.messages[i].message().find(want[i].part), std::wstring::npos)
+        << r.messages[i].message_utf8();
+  }
+}
+
+TEST_F(Xml, MalformedInputFailsWithPathAndLineAndLeavesTargetAlone) {
+  struct Case {
+    const char* xml;
+    unsigned id;
+    const wchar_t* part;
+  };
+  const Case cases[] = {
+      {"<TestDoc>\n<Tolerance>abc</Tolerance></TestDoc>", 31004, L"\"abc\" at Tolerance, line 2"},
+      {"<TestDoc>\n<Layers>\n<Layer><ID>1</ID>\n<Points><Point><X>1,5</X></Point></Points></Layer></Layers></TestDoc>",
+       31004, L"\"1,5\" at Layers[1].Points[0].X, line 4"},
+      {"<TestDoc><Layers><Layer><ID>1</ID><Count>99999999999</Count></Layer></Layers></TestDoc>", 31004,
+       L"Layers[1].Count"},
+      {"<TestDoc><Layers><Layer><ID>1</ID><MaterialID>-1</MaterialID></Layer></Layers></TestDoc>", 31004,
+       L"Layers[1].MaterialID"},
+      {"<TestDoc><Layers><Layer><ID>1</ID><Active>yes</Active></Layer></Layers></TestDoc>", 31004,
+       L"Layers[1].Active"},
+      {"<TestDoc><Layers><Layer><ID>1</ID></Layer><Layer><ID>1</ID></Layer></Layers></TestDoc>", 31008,
+       L"Duplicate ID 1 in Layers"},
+      {"<TestDoc><Layers><Layer><ID>0</ID></Layer></Layers></TestDoc>", 31009, L"\"0\""},
+      {"<TestDoc><Layers><Layer><ID>4000000000</ID></Layer></Layers></TestDoc>", 31009, L"\"4000000000\""},
+      {"<TestDoc><Tolerance>1</Tolerance>", 31006, L"line 1"},
+      {"<Other/>", 31007, L"\"Other\" where \"TestDoc\""},
+      {"", 31006, L""},
+  };
+  for (const auto& c : cases) {
+    Doc target = SampleDoc();
+    const Doc before = target;
+    oc::xml::ReadReport r;
+    const gtl::status s = oc::xml::StringRead(c.xml, oc::Store(target), &r);
+    EXPECT_TRUE(s.failed()) << c.xml;
+    EXPECT_EQ(s.id(), c.id) << c.xml << " -> " << s.message_utf8();
+    EXPECT_NE(s.message().find(c.part), std::wstring::npos) << s.message_utf8();
+    EXPECT_TRUE(target == before) << c.xml;
+  }
+}
+
+TEST_F(Xml, TextsKeepEveryCharacter) {
+  const std::wstring texts[] = {L" ", L"  two  ", L"a\r\nb\rc\n", L"tab\there", L"<&>\"'",
+                                L"\x01\x1f control", L"ünïcødé ∑ 𝄞", L"]]>"};
+  for (const auto& t : texts) {
+    Doc d;
+    d.title_ = t;
+    Doc back;
+    const std::string xml = Write(d);
+    ASSERT_TRUE(oc::xml::StringRead(xml, oc::Store(back)).succeeded()) << xml;
+    EXPECT_EQ(back.title_, t) << xml;
+  }
+}
+
+TEST_F(Xml, OrderingPutsPointsBeforeLines) {
+  Doc d = SampleDoc();
+  const std::string xml = Write(d);
+  const auto points = xml.find("<Points>"), lines = xml.find("<Lines>");
+  ASSERT_NE(points, std::string::npos);
+  ASSERT_NE(lines, std::string::npos);
+  EXPECT_LT(points, lines);
+}
+
+TEST_F(Xml, FileReadAndWrite) {
+  const std::string dir = ::testing::TempDir();
+  const std::wstring path = str::to_wstring(dir) + L"oc_filetest.xml";
+  Doc d = SampleDoc();
+  ASSERT_TRUE(oc::xml::FileWrite(oc::Store(d), path).succeeded());
+  Doc back;
+  ASSERT_TRUE(oc::xml::FileRead(path, oc::Store(back)).succeeded());
+  EXPECT_TRUE(back == d);
+  EXPECT_EQ(oc::xml::FileRead(path + L".missing", oc::Store(back)).id(), 31010u);
+}
+
+}  // namespace
+}  // namespace octest
