@@ -1,0 +1,14 @@
+#include "QVI/math/fn/interpolate/Linear.h"
+
+namespace math::fn::interpolate {
+
+double Linear::operator()(double x) const {
+  double u = 0, out = 0;
+  std::size_t i = 0;
+  if (!ToU(x, u)) return qvi::kNoValue;
+  if (Outside(u, v_, i, out)) return out;
+  const double t = (u - u_[i]) / (u_[i + 1] - u_[i]);
+  return FromV(v_[i] + t * (v_[i + 1] - v_[i]));
+}
+
+}  // namespace math::fn::interpolate
