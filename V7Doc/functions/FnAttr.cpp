@@ -33,8 +33,7 @@ std::wstring_view Trim(const std::wstring& text) {
 }  // namespace
 
 std::wstring FnAttr::as_wstring() const {
-  if (Name.empty()) return Value;
-  if (Value.empty()) return Name;
+  if (Name.empty() || Value.empty()) return Value;
   return Name + L"=" + Value;
 }
 

@@ -33,7 +33,7 @@ struct FnAttr {
     Value = v;
     return *this;
   }
-  // The text form: "Name=Value", or the one that is set when either is empty.
+  // The text form: "Name=Value", or the value alone when either is empty.
   std::wstring as_wstring() const;
 
   friend bool operator==(const FnAttr&, const FnAttr&) = default;

@@ -13,11 +13,10 @@ namespace v7 {
 
 FnImpl::~FnImpl() = default;
 
-std::wstring FnImpl::as_wstring() const {
-  std::vector<FnAttr> attrs;
-  GetAllDataAttributes(attrs);
-  return str::format(L"%s(%s)", Name(), JoinAttributes(attrs));
-}
+// Attributes with an empty value (unset numbers, absent tails) are left out:
+// written alone they would be empty pieces, which read back as nothing, so
+// the shorter text means the same.
+std::wstring FnImpl::as_wstring() const { return as_wstring_nonempty(); }
 
 std::wstring FnImpl::as_wstring_nonempty() const {
   std::vector<FnAttr> attrs;

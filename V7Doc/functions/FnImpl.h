@@ -39,7 +39,7 @@ class FnImpl : public gtl::handle_ref_counter {
   ~FnImpl() override;
   // 2. The type name, the first word of the text form.
   virtual std::wstring Name() const = 0;
-  // 3. The full text form: Name(attr=value,...).
+  // 3. The full text form: Name(attr=value,...), empty values left out.
   virtual std::wstring as_wstring() const;
   // 4. Rebuilds derived tables (spline coefficients, estimated points).
   virtual gtl::status UpdateCalculatedValues();
