@@ -2,12 +2,11 @@
 
 namespace math::fn::interpolate {
 
-double Linear::operator()(double x) const {
-  double u = 0, out = 0;
+double Linear::OutsideValue(double u) const {
+  double out = 0;
   std::size_t i = 0;
-  if (!ToU(x, u)) return qvi::kNoValue;
   if (Outside(u, v_, i, out)) return out;
-  const double t = (u - u_[i]) / (u_[i + 1] - u_[i]);
+  const double t = (u - u_[i]) / (u_[i + 1] - u_[i]);  // not reached: Inside said no
   return FromV(v_[i] + t * (v_[i + 1] - v_[i]));
 }
 

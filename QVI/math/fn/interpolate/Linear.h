@@ -9,8 +9,19 @@ class Linear : public Table {
  public:
   // The interpolated value at `x`; qvi::kNoValue outside the points where no
   // tail is set, on an empty table, or for an input the axis cannot take.
-  double operator()(double x) const;
+  // Inline: it is the innermost call of every evaluation.
+  double operator()(double x) const {
+    double u = 0;
+    std::size_t i = 0;
+    if (!ToU(x, u)) return qvi::kNoValue;
+    if (!Inside(u, i)) return OutsideValue(u);
+    const double t = (u - u_[i]) / (u_[i + 1] - u_[i]);
+    return FromV(v_[i] + t * (v_[i + 1] - v_[i]));
+  }
   double Calculate(double x) const { return (*this)(x); }
+
+ private:
+  double OutsideValue(double u) const;
 };
 
 }  // namespace math::fn::interpolate

@@ -164,21 +164,18 @@ void Spline::SmoothFit() {
   for (std::size_t j = 0; j < k; ++j) m_[j + 1] = sol[Mi(j)];
 }
 
-double Spline::operator()(double x) const {
-  double u = 0, out = 0;
+double Spline::Slow(double u) const {
+  double out = 0;
   std::size_t i = 0;
-  if (!ToU(x, u)) return qvi::kNoValue;
-  if (Outside(u, f_, i, out)) return out;
+  if (!Inside(u, i) && Outside(u, f_, i, out)) return out;
   const double h = u_[i + 1] - u_[i];
   const double t = u - u_[i];
   const double s = h - t;
   double f = (f_[i] * s + f_[i + 1] * t) / h;
-  if (sigma_ == 0) {
-    // Cubic spline: M_i s (s^2 - h^2) / 6h + M_{i+1} t (t^2 - h^2) / 6h.
+  if (sigma_ == 0)
     f += (m_[i] * s * (s * s - h * h) + m_[i + 1] * t * (t * t - h * h)) / (6.0 * h);
-  } else {
+  else
     f += m_[i] * Phi(s, h) + m_[i + 1] * Phi(t, h);
-  }
   return FromV(f);
 }
 

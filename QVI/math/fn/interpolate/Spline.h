@@ -40,7 +40,16 @@ class Spline : public Table {
   unsigned Tension() const { return nTension_; }
 
   // The spline value at `x`; qvi::kNoValue where Linear would give none.
-  double operator()(double x) const;
+  double operator()(double x) const {
+    double u = 0;
+    std::size_t i = 0;
+    if (!ToU(x, u)) return qvi::kNoValue;
+    if (!Inside(u, i) || sigma_ != 0) return Slow(u);
+    // Cubic spline: M_i s (s^2 - h^2) / 6h + M_{i+1} t (t^2 - h^2) / 6h.
+    const double h = u_[i + 1] - u_[i], t = u - u_[i], s = h - t;
+    return FromV((f_[i] * s + f_[i + 1] * t) / h +
+                 (m_[i] * s * (s * s - h * h) + m_[i + 1] * t * (t * t - h * h)) / (6.0 * h));
+  }
   double Calculate(double x) const { return (*this)(x); }
 
   // The knot values of the curve in table coordinates (equal to the points'
@@ -55,6 +64,8 @@ class Spline : public Table {
   void Rebuild() override;
 
  private:
+  // Evaluation off the inline path: outside the points, or under tension.
+  double Slow(double u) const;
   // phi(w) on an interval of length h: the weight of a knot's M at distance w
   // from the opposite knot.
   double Phi(double w, double h) const;

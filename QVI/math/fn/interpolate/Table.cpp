@@ -70,19 +70,13 @@ void Table::Transform() {
   Rebuild();
 }
 
-bool Table::ToU(double x, double& u) const {
-  if (std::isnan(x)) return false;
-  if (!bLogX_) {
-    u = x;
-    return true;
-  }
+bool Table::ToLogU(double x, double& u) const {
   if (!(x > 0)) return false;
   u = std::log10(x);
   return true;
 }
 
-double Table::FromV(double v) const {
-  if (!bLogY_) return v;
+double Table::FromLogV(double v) const {
   const double y = std::pow(10.0, v);
   return std::isfinite(y) ? y : qvi::kNoValue;
 }

@@ -10,6 +10,7 @@
 //
 // On a logarithmic axis the interpolation runs in log10 of that coordinate,
 // and the tail slopes are slopes in those coordinates.
+#include <algorithm>
 #include <cstddef>
 #include <vector>
 
@@ -59,9 +60,25 @@ class Table {
   virtual void Rebuild() {}
 
   // Maps x into table coordinates; false for an input the axis cannot take.
-  bool ToU(double x, double& u) const;
+  bool ToU(double x, double& u) const {
+    if (!bLogX_) {
+      u = x;
+      return x == x;  // false for NaN
+    }
+    return ToLogU(x, u);
+  }
   // Maps a table-coordinate output back.
-  double FromV(double v) const;
+  double FromV(double v) const { return bLogY_ ? FromLogV(v) : v; }
+  // The interval holding u when u lies within the points of a table of at
+  // least two points (the common case, kept inline); false otherwise.
+  bool Inside(double u, std::size_t& i) const {
+    const std::size_t n = u_.size();
+    if (n < 2 || !(u >= u_.front()) || !(u <= u_.back())) return false;
+    // Searching the inner knots only gives i in [0, n - 2] with no clamping.
+    const double* first = u_.data();
+    i = static_cast<std::size_t>(std::upper_bound(first + 1, first + n - 1, u) - first) - 1;
+    return true;
+  }
 
   // Handles an input outside the points or on a one-point table, the curve
   // passing through `knots` (table coordinates, one per point). Returns true
@@ -73,6 +90,8 @@ class Table {
   std::vector<double> u_, v_;  // the same in table coordinates (x and y)
 
  private:
+  bool ToLogU(double x, double& u) const;
+  double FromLogV(double v) const;
   void Transform();
 
   std::vector<Point> raw_;  // as assigned, for re-cleaning when an axis changes
