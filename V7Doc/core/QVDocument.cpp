@@ -52,7 +52,10 @@ QVDocument::QVDocument() {
   m.Register(&analyses_, L"Analyses", container::Analyses);
   m.Register(&contexts_, L"Contexts", container::Contexts);
   for (GID list = container::FirstFunctionList; list <= container::LastFunctionList; ++list)
-    if (Func2DTable* t = FunctionList(list)) m.Register(t, FunctionListName(list), list);
+    if (Func2DTable* t = FunctionList(list)) {
+      *t = Func2DTable(Func2DListTypeOf(list));  // each list knows its family
+      m.Register(t, FunctionListName(list), list);
+    }
   m.Register(&cutLines_, L"CutLines", container::CutLines);
   m.Register(&resultGraphs_, L"ResultGraphs", container::ResultGraphs);
   m.Register(&resultContours_, L"ResultContours", container::ResultContours);

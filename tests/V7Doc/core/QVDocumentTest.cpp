@@ -108,7 +108,7 @@ TEST(Lifecycle, DataInitOnAnInitialisedDocumentStartsOver) {
   EXPECT_FALSE(doc.IsInitialized());
   EXPECT_TRUE(doc.DataInit());
   AddAnalysis(doc);
-  doc.FunctionList(11)->Add(Func2D{L"k", L"", false});
+  doc.FunctionList(11)->Add(Func2D(L"k"));
   doc.HydroItems().Get(1);
   EXPECT_TRUE(doc.DataInit());
   EXPECT_TRUE(doc.IsInitialized());

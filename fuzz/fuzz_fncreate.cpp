@@ -1,0 +1,47 @@
+// Fuzzes the function text reader: any bytes, read as UTF-8 function text,
+// must give a function or a status, never a crash or a hang. Whatever was
+// built is then written, re-read, described and evaluated, with a few points
+// handed over when the kind takes them.
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
+#include <vector>
+
+#include "QVI/str/Convert.h"
+#include "V7Doc/functions/FnDataPoints.h"
+#include "V7Doc/functions/FnImpl.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  if (size > 4096) return 0;
+  const std::wstring text = str::to_wstring(std::string_view(reinterpret_cast<const char*>(data), size));
+  v7::IFn fn;
+  const gtl::status s = v7::FnCreate(text, fn);
+  (void)s.message();
+  if (!s.succeeded() && fn.IsUndefined()) return 0;
+
+  if (dynamic_cast<const v7::IFnDataPoints*>(fn.get())) {
+    // Points from the input bytes, including repeated and negative x.
+    std::vector<v7::FnPoint> pts;
+    for (std::size_t i = 0; i + 1 < size && pts.size() < 16; i += 2)
+      pts.push_back({static_cast<double>(static_cast<std::int8_t>(data[i])) / 8.0,
+                     static_cast<double>(data[i + 1]) / 16.0 - 4.0, 0.0});
+    dynamic_cast<v7::IFnDataPoints*>(fn.Unshared())->Assign(pts.data(), pts.data() + pts.size());
+  }
+  (void)fn.Unshared()->UpdateCalculatedValues();
+  for (double x : {-1e300, -10.0, -1.0, -0.1, 0.0, 0.001, 0.5, 1.0, 3.0, 100.0, 1e300}) (void)fn(x);
+  int k = 0;
+  for (double x : *fn) {
+    (void)fn(x);
+    if (++k > 64) break;
+  }
+
+  std::vector<v7::FnAttr> attrs;
+  fn->GetAttributes(attrs);
+  v7::FnAttr a(L"Calculated.Min");
+  (void)fn->LookupAttributeAt(a, 0, a.Name);
+
+  const std::wstring written = fn.as_wstring();
+  v7::IFn again;
+  (void)v7::FnCreate(written, again);
+  return 0;
+}

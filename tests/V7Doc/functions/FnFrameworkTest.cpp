@@ -1,0 +1,276 @@
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+#include "QVI/str/Messages.h"
+#include "V7Doc/functions/FnConst.h"
+#include "V7Doc/functions/FnImpl.h"
+#include "V7Doc/functions/FnInterpolated.h"
+#include "V7Doc/functions/FnRange.h"
+#include "V7Doc/functions/FnRegistry.h"
+#include "V7Doc/functions/Func2D.h"
+
+namespace v7 {
+namespace {
+
+constexpr double kNo = qvi::kNoValue;
+
+TEST(FnParse, SplitsNameAndAttributes) {
+  struct Case {
+    const wchar_t* text;
+    bool ok;
+    const wchar_t* name;
+    std::vector<FnAttr> attrs;
+  } cases[] = {
+      {L"Spline(a=1,b)", true, L"Spline", {{L"a", L"1"}, {L"Value", L"b"}}},
+      {L"Step(5)", true, L"Step", {{L"Value", L"5"}}},
+      {L"Step(Value=5)", true, L"Step", {{L"Value", L"5"}}},
+      {L"X(a=1,2,a=3)", true, L"X", {{L"a", L"1"}, {L"Value", L"2"}, {L"a", L"3"}}},  // duplicates kept
+      {L"X(a=b=c,,)", true, L"X", {{L"a", L"b=c"}, {}, {}}},  // first "=" splits; empty pieces
+      {L" Sp (x=1)", true, L" Sp ", {{L"x", L"1"}}},             // the name as it stands
+      {L"Spline", false, L"", {}},
+      {L"Spline)(", false, L"", {}},
+      {L"Spline(a=1", false, L"", {}},
+  };
+  for (const auto& c : cases) {
+    std::wstring name = L"junk";
+    std::vector<FnAttr> attrs{{L"junk", L"junk"}};
+    const gtl::status s = FnParse(c.text, name, attrs);
+    EXPECT_EQ(s.succeeded(), c.ok) << str::to_utf8(c.text);
+    EXPECT_EQ(name, c.name) << str::to_utf8(c.text);
+    EXPECT_EQ(attrs, c.attrs) << str::to_utf8(c.text);
+  }
+  // A "," inside a value splits the value in two.
+  std::wstring name;
+  std::vector<FnAttr> attrs;
+  ASSERT_TRUE(FnParse(L"F(Description=a,b)", name, attrs).succeeded());
+  EXPECT_EQ(attrs, (std::vector<FnAttr>{{L"Description", L"a"}, {L"Value", L"b"}}));
+}
+
+TEST(FnCreate, SpecialTextsAndFailures) {
+  IFn fn = IFn(new FnConst(3));
+  ASSERT_TRUE(FnCreate(L"", fn).succeeded());
+  EXPECT_TRUE(fn.IsUndefined());
+  EXPECT_EQ(fn(1.0), kNo);
+
+  ASSERT_TRUE(FnCreate(L"0", fn).succeeded());
+  EXPECT_EQ(fn.get(), IFn::FnZero().get());
+  ASSERT_TRUE(FnCreate(L"0.0", fn).succeeded());
+  EXPECT_NE(fn.get(), IFn::FnZero().get());
+  EXPECT_EQ(fn(5.0), 0.0);
+  ASSERT_TRUE(FnCreate(L" -2.5e3 ", fn).succeeded());
+  EXPECT_EQ(fn(1.0), -2500.0);
+  EXPECT_EQ(fn->InputParam(), DataParamType::Undefined);
+
+  struct Bad {
+    const wchar_t* text;
+    unsigned id;
+  } bad[] = {{L"Spline", 33000}, {L"NoSuchKind(a=1)", 20547}, {L"inf", 33000}, {L"(x)", 20547}};
+  for (const auto& b : bad) {
+    fn = IFn(new FnConst(3));
+    const gtl::status s = FnCreate(b.text, fn);
+    EXPECT_TRUE(s.failed()) << str::to_utf8(b.text);
+    EXPECT_EQ(s.id(), b.id) << str::to_utf8(b.text);
+    EXPECT_TRUE(fn.IsUndefined()) << str::to_utf8(b.text);
+  }
+  fn = IFn(new FnConst(3));
+  const gtl::status s = FnCreate(L"NoSuchKind(a=1)", fn);
+  EXPECT_NE(s.message().find(L"NoSuchKind"), std::wstring::npos);
+
+  // A value a kind cannot read is reported with the kind and the attribute.
+  const gtl::status v = FnCreate(L"Spline(Smooth=lots)", fn);
+  EXPECT_EQ(v.id(), 33001u);
+  EXPECT_NE(v.message().find(L"Smooth"), std::wstring::npos);
+}
+
+TEST(FnCreate, EveryKindRoundTripsThroughText) {
+  // The default object of each registered kind, then with its parameter
+  // types set: text -> FnCreate -> text is the same, attributes survive.
+  for (const std::wstring& kind : RegisteredFnKinds()) {
+    IFn fn;
+    ASSERT_TRUE(GetFnImplFromName(kind, fn).succeeded()) << str::to_utf8(kind);
+    EXPECT_EQ(fn->Name(), kind);
+    ASSERT_TRUE(fn.SetAttributes({FnAttrInputParam(DataParamType::MatricSuction),
+                                  FnAttrOutputParam(DataParamType::XConductivity)})
+                    .succeeded());
+    const std::wstring text = fn.as_wstring();
+    IFn again;
+    ASSERT_TRUE(FnCreate(text, again).succeeded()) << str::to_utf8(text);
+    EXPECT_EQ(again.as_wstring(), text);
+    std::vector<FnAttr> a, b;
+    fn->GetAttributes(a);
+    again->GetAttributes(b);
+    EXPECT_EQ(a, b) << str::to_utf8(text);
+    EXPECT_EQ(again->InputParam(), DataParamType::MatricSuction);
+  }
+  // Non-default texts of this subsystem's kinds.
+  for (const wchar_t* text :
+       {L"Spline(Smooth=3,Tension=20,SlopeBefore=-0.5,SlopeAfter=0,LogInput=1,LogOutput=0)",
+        L"SplineGEZero(InputParam=21,Smooth=0,Tension=1,SlopeAfter=2,LogInput=0,LogOutput=1)",
+        L"HydKFn(Smooth=0,Tension=0,LogInput=0,LogOutput=1)",
+        L"Linear(SlopeBefore=1.25)", L"Step(SlopeAfter=0)",
+        L"Range(Mean=10,Delta=2)", L"Range(Mean=0.1,Steps=3)",
+        L"FnIntegral(Function=Linear,Function.SlopeBefore=0,Steps=6)",
+        L"FnIntegral(Function=2.5,Steps=4)", L"HydBoundFnTable(HydBoundFnNum=3,HydModFnNum=1)",
+        L"StressBoundFnTable(StressBoundFnNum=2)", L"12.75"}) {
+    IFn fn;
+    ASSERT_TRUE(FnCreate(text, fn).succeeded()) << str::to_utf8(text);
+    EXPECT_EQ(fn.as_wstring(), text);
+  }
+}
+
+TEST(FnAttributes, DescriptionTypeAndMerge) {
+  IFn fn;
+  ASSERT_TRUE(FnCreate(L"Range(Mean=10,Delta=2,Steps=)", fn).succeeded());
+  std::vector<FnAttr> attrs;
+  fn->GetAttributes(attrs);
+  // Data attributes first; the calculated "Steps" replaced the data entry in
+  // place; "Type", "Min", "Max" appended; then the description (its own text,
+  // as the parameter types are unset).
+  const std::vector<FnAttr> expect = {{L"Mean", L"10"},   {L"Delta", L"2"},  {L"Steps", L"5"},
+                                      {L"Type", L"Range"}, {L"Min", L"0"},    {L"Max", L"20"},
+                                      {L"Description", L"Range(Mean=10,Delta=2)"}};
+  EXPECT_EQ(attrs, expect);
+
+  ASSERT_TRUE(fn.SetAttributes({FnAttrInputParam(DataParamType::MatricSuction),
+                                FnAttrOutputParam(DataParamType::VolWaterContent)})
+                  .succeeded());
+  FnAttr d(L"Description");
+  ASSERT_TRUE(fn->LookupAttribute(d));
+  EXPECT_EQ(d.Value, str::format(str::load_wstring(22845), L"VolWaterContent", L"MatricSuction"));
+
+  FnAttr calc(L"Calculated.Max");
+  ASSERT_TRUE(fn->LookupAttributeAt(calc, 0, calc.Name));
+  EXPECT_EQ(calc.Value, L"20");
+  FnAttr second;
+  EXPECT_FALSE(fn->LookupAttributeAt(second, 1, L"Mean"));
+  EXPECT_TRUE(fn->HasAttribute(L"Type"));
+  EXPECT_FALSE(fn->HasAttribute(L"Smooth"));
+
+  // The shared undefined function describes itself with no "Description".
+  std::vector<FnAttr> undefined;
+  IFn::FnUndefined()->GetAttributes(undefined);
+  EXPECT_EQ(undefined, (std::vector<FnAttr>{{L"Value", str::to_wstring(kNo)}}));
+}
+
+TEST(FnAttributes, FactoryNamesAndComposites) {
+  EXPECT_EQ(FnAttrSampleBySplice(true), FnAttr(L"SampleBySlice", L"1"));
+  EXPECT_EQ(FnAttrTailBefore(math::fn::TailType::Slope(2)), FnAttr(L"SlopeBefore", L"2"));
+  EXPECT_EQ(FnAttrTailAfter(math::fn::TailType::None()), FnAttr(L"SlopeAfter", L""));
+  EXPECT_EQ(FnAttrHydModFnNum(4), FnAttr(L"HydModFnNum", L"4"));
+  EXPECT_EQ(FnAttrInputParam(DataParamType::Liquefied), FnAttr(L"InputParam", L"344"));
+  EXPECT_EQ(FnAttrMean(kNo), FnAttr(L"Mean", L""));
+  EXPECT_EQ(FnAttrCalc(FnAttrMin(0.5)), FnAttr(L"Calculated.Min", L"0.5"));
+  EXPECT_EQ(FnAttrCalc(FnAttr()), FnAttr(L"Calculated", L""));
+  EXPECT_EQ(FnAttrSub(FnAttr(L"Function"), FnAttrSmooth(2)), FnAttr(L"Function.Smooth", L"2"));
+  EXPECT_EQ(FnAttr(L"A", L"1").as_wstring(), L"A=1");
+  EXPECT_EQ(FnAttr(L"", L"1").as_wstring(), L"1");
+  EXPECT_EQ(JoinAttributes({{L"A", L"1"}, {L"B", L""}, {L"C", L"x"}}, true), L"A=1,C=x");
+}
+
+TEST(IFn, SharedFunctionsAndConstantFactory) {
+  EXPECT_EQ(IFn::FnZero()(3.0), 0.0);
+  EXPECT_EQ(IFn::FnOne()(3.0), 1.0);
+  EXPECT_EQ(&IFn::FnZero(), &IFn::FnZero());
+  EXPECT_TRUE(IFn().IsUndefined());
+  EXPECT_TRUE(IFn(nullptr).IsUndefined());
+  EXPECT_EQ(IFn::FnUndefined()->Name(), L"");
+  EXPECT_EQ(IFn::FnUndefined().as_wstring(), L"");
+  EXPECT_TRUE(dynamic_cast<const FnUndefinedType*>(IFn::Constant(kNo).get()));
+  EXPECT_FALSE(IFn::Constant(kNo).IsUndefined());  // a new object, not the shared one
+  EXPECT_EQ(IFn::Constant(1.0 / 3).as_wstring(), L"0.3333333333333333");
+  EXPECT_EQ(IFn::Constant(2).as_wstring(), L"2");
+}
+
+TEST(IFn, CopyOnWriteKeepsOtherHoldersUnchanged) {
+  IFn spline;
+  ASSERT_TRUE(FnCreate(L"Linear(SlopeBefore=,SlopeAfter=)", spline).succeeded());
+  Func2D a(L"a", L"", spline), b(L"b", L"", spline);
+  spline.reset();
+  EXPECT_EQ(a.Fn().get(), b.Fn().get());
+  EXPECT_EQ(a.Fn().use_count(), 2u);
+
+  IFn edited = b.Fn();
+  ASSERT_TRUE(edited.SetAttribute(FnAttrTailAfter(math::fn::TailType::Slope(3))).succeeded());
+  b.SetFn(edited);
+  EXPECT_NE(a.Fn().get(), b.Fn().get());
+  EXPECT_EQ(a.Fn().as_wstring(), L"Linear()");
+  // A clone of a Linear without tails gets flat tails; the edit set one.
+  EXPECT_EQ(b.Fn().as_wstring(), L"Linear(SlopeBefore=0,SlopeAfter=3)");
+
+  // An unshared object is edited in place.
+  const FnImpl* before = edited.get();
+  edited = IFn();
+  IFn own;
+  ASSERT_TRUE(FnCreate(L"Step()", own).succeeded());
+  const FnImpl* p = own.get();
+  ASSERT_TRUE(own.SetAttribute(FnAttrTailBefore(math::fn::TailType::Slope(1))).succeeded());
+  EXPECT_EQ(own.get(), p);
+  (void)before;
+
+  // The shared constants are never changed in place.
+  IFn zero = IFn::FnZero();
+  ASSERT_TRUE(zero.SetAttribute(FnAttrValue(5)).succeeded());
+  EXPECT_EQ(zero(0.0), 5.0);
+  EXPECT_EQ(IFn::FnZero()(0.0), 0.0);
+  IFn undefined;
+  ASSERT_TRUE(undefined.SetAttribute(FnAttrValue(5)).succeeded());
+  EXPECT_EQ(undefined(0.0), kNo);
+  EXPECT_TRUE(IFn::FnUndefined().IsUndefined());
+}
+
+TEST(FnRange, MinMaxAndTrialValues) {
+  struct Case {
+    const wchar_t* text;
+    double min, max;
+    int points;
+  } cases[] = {{L"Range(Mean=10,Delta=2)", 0, 20, 11},
+               {L"Range(Mean=10,Delta=2,Steps=1)", 8, 12, 3},
+               {L"Range(Mean=10)", kNo, kNo, 0},
+               {L"Range(Delta=1,Steps=2)", kNo, kNo, 0}};
+  for (const auto& c : cases) {
+    IFn fn;
+    ASSERT_TRUE(FnCreate(c.text, fn).succeeded());
+    const auto& r = dynamic_cast<const FnRange&>(*fn);
+    EXPECT_EQ(r.Min(), c.min) << str::to_utf8(c.text);
+    EXPECT_EQ(r.Max(), c.max) << str::to_utf8(c.text);
+    std::vector<double> trials(fn->begin(), fn->end());
+    ASSERT_EQ(static_cast<int>(trials.size()), c.points);
+    if (!trials.empty()) {
+      EXPECT_EQ(trials.front(), c.min);
+      EXPECT_EQ(trials.back(), c.max);
+    }
+  }
+}
+
+TEST(DataParamTypeTable, DeliberateValuesReadAndWriteByName) {
+  struct Case {
+    const wchar_t* name;
+    int value;
+  } cases[] = {{L"Undefined", -1},        {L"Node", 0},
+               {L"Yield", 161},           {L"Liquefied", 344},
+               {L"XSlipForce", 162},      {L"PreforceInTruss", 220},
+               {L"1DEdgeDataPtID", 222},  {L"XYEffShearStress", 288},
+               {L"IntersliceNormalF", 306}, {L"IntersliceShearF", 307},
+               {L"IntersliceAppliedFn", 304}, {L"IntersliceSpecifiedFn", 305},
+               {L"WeightSliceOverWidth", 308}, {L"SlipNum", 317},
+               {L"SlipFOSMean", 345},     {L"BaseAngle", 325},
+               {L"RelXAcceleration", 331}, {L"CustomParam1", 351},
+               {L"SlipRadius", 388}};
+  for (const auto& c : cases) {
+    DataParamType t{};
+    ASSERT_TRUE(meta::FromName(c.name, t).succeeded()) << str::to_utf8(c.name);
+    EXPECT_EQ(static_cast<int>(t), c.value) << str::to_utf8(c.name);
+    EXPECT_EQ(meta::ToName(t), c.name);
+  }
+  DataParamType t{};
+  ASSERT_TRUE(meta::FromName(L"TrussID", t).succeeded());
+  EXPECT_EQ(t, DataParamType::Node);
+  EXPECT_EQ(meta::ToName(DataParamType::TrussID), L"Node");
+  EXPECT_TRUE(meta::FromName(L"NoSuchQuantity", t).is_warning());
+  // 385 names, and one more for the closing "no value" entry.
+  EXPECT_EQ(meta::EnumTable<DataParamType>().Entries().size(), 386u);
+}
+
+}  // namespace
+}  // namespace v7

@@ -1,0 +1,230 @@
+// `qvdoc fn "TEXT" --from A --to B`: evaluates a function given as text and
+// prints a two-column table; with --svg it also draws the curve.
+#include <algorithm>
+#include <cmath>
+#include <cstdio>
+#include <fstream>
+#include <iostream>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "QVI/str/Convert.h"
+#include "V7Doc/functions/FnDataPoints.h"
+#include "V7Doc/functions/FnImpl.h"
+#include "tools/qvdoc/Commands.h"
+
+namespace qvdoc {
+namespace {
+
+struct FnOptions {
+  std::string text;
+  double from = 0, to = 1;
+  int points = 21;
+  bool logX = false;
+  std::string svg;
+  std::string data;
+};
+
+[[noreturn]] void Fail(const std::string& message) {
+  std::cerr << "qvdoc fn: " << message << "\n";
+  throw CLI::RuntimeError(kExitFailure);
+}
+
+std::string Number(double v) {
+  if (qvi::IsNoValue(v)) return "-";
+  char buf[32];
+  std::snprintf(buf, sizeof buf, "%.6g", v);
+  return buf;
+}
+
+// "x,y;x,y;..." -> points.
+std::vector<v7::FnPoint> ParseData(const std::string& text) {
+  std::vector<v7::FnPoint> pts;
+  std::stringstream rows(text);
+  std::string row;
+  int n = 0;
+  while (std::getline(rows, row, ';')) {
+    ++n;
+    if (str::trim(str::to_wstring(row)).empty()) continue;
+    const auto comma = row.find(',');
+    double x = 0, y = 0;
+    if (comma == std::string::npos || !str::parse(str::to_wstring(row.substr(0, comma)), x) ||
+        !str::parse(str::to_wstring(row.substr(comma + 1)), y))
+      Fail("--data point " + std::to_string(n) + " (\"" + row + "\") is not of the form x,y");
+    pts.push_back({x, y, 0.0});
+  }
+  return pts;
+}
+
+// Tick positions: 1, 2 or 5 times a power of ten, about `want` of them.
+std::vector<double> NiceTicks(double lo, double hi, int want) {
+  std::vector<double> ticks;
+  const double span = hi - lo;
+  if (!(span > 0)) return {lo};
+  const double raw = span / want;
+  const double mag = std::pow(10.0, std::floor(std::log10(raw)));
+  const double step = raw / mag < 1.5 ? mag : raw / mag < 3.5 ? 2 * mag : raw / mag < 7.5 ? 5 * mag : 10 * mag;
+  for (double t = std::ceil(lo / step) * step; t <= hi + step * 1e-9; t += step)
+    ticks.push_back(std::abs(t) < step * 1e-9 ? 0.0 : t);
+  return ticks;
+}
+
+std::string Escape(const std::string& s) {
+  std::string out;
+  for (char c : s) {
+    if (c == '<') out += "&lt;";
+    else if (c == '>') out += "&gt;";
+    else if (c == '&') out += "&amp;";
+    else if (c == '"') out += "&quot;";
+    else out += c;
+  }
+  return out;
+}
+
+void WriteSvg(const FnOptions& o, const v7::IFn& fn, const std::vector<double>& xs,
+              const std::vector<double>& ys, const std::vector<v7::FnPoint>& data) {
+  const double W = 760, H = 480, L = 80, R = 30, T = 50, B = 60;
+  auto fx = [&](double x) { return o.logX ? std::log10(x) : x; };
+  double x0 = fx(xs.front()), x1 = fx(xs.back());
+  double y0 = qvi::kNoValue, y1 = -qvi::kNoValue;
+  for (double y : ys)
+    if (!qvi::IsNoValue(y) && std::isfinite(y)) y0 = std::min(y0, y), y1 = std::max(y1, y);
+  for (const auto& p : data)
+    if (p.x >= std::min(o.from, o.to) && p.x <= std::max(o.from, o.to)) y0 = std::min(y0, p.y), y1 = std::max(y1, p.y);
+  if (qvi::IsNoValue(y0)) y0 = 0, y1 = 1;
+  if (y1 - y0 < 1e-12 * std::max(1.0, std::abs(y0))) y0 -= 0.5, y1 += 0.5;
+  const double pad = 0.05 * (y1 - y0);
+  y0 -= pad, y1 += pad;
+  if (x1 < x0) std::swap(x0, x1);
+  auto px = [&](double x) { return L + (fx(x) - x0) / (x1 - x0) * (W - L - R); };
+  auto py = [&](double y) { return H - B - (y - y0) / (y1 - y0) * (H - T - B); };
+
+  std::ofstream out(o.svg);
+  if (!out) Fail("cannot write \"" + o.svg + "\"");
+  char buf[256];
+  out << "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"" << W << "\" height=\"" << H
+      << "\" font-family=\"sans-serif\" font-size=\"12\">\n"
+      << "<rect width=\"100%\" height=\"100%\" fill=\"white\"/>\n"
+      << "<text x=\"" << W / 2 << "\" y=\"28\" text-anchor=\"middle\" font-size=\"14\">"
+      << Escape(o.text) << "</text>\n";
+  // Frame, grid and ticks.
+  std::snprintf(buf, sizeof buf,
+                "<rect x=\"%g\" y=\"%g\" width=\"%g\" height=\"%g\" fill=\"none\" stroke=\"black\"/>\n", L,
+                T, W - L - R, H - T - B);
+  out << buf;
+  std::vector<double> xt;
+  if (o.logX) {
+    for (double d = std::floor(x0); d <= std::ceil(x1); ++d)
+      if (d >= x0 - 1e-9 && d <= x1 + 1e-9) xt.push_back(std::pow(10.0, d));
+    if (xt.size() < 2) xt = {xs.front(), xs.back()};
+  } else {
+    xt = NiceTicks(x0, x1, 8);
+  }
+  for (double t : xt) {
+    const double X = px(t);
+    std::snprintf(buf, sizeof buf,
+                  "<line x1=\"%.2f\" y1=\"%g\" x2=\"%.2f\" y2=\"%g\" stroke=\"#ddd\"/>"
+                  "<line x1=\"%.2f\" y1=\"%g\" x2=\"%.2f\" y2=\"%g\" stroke=\"black\"/>"
+                  "<text x=\"%.2f\" y=\"%g\" text-anchor=\"middle\">%s</text>\n",
+                  X, T, X, H - B, X, H - B, X, H - B + 6, X, H - B + 20, Number(t).c_str());
+    out << buf;
+  }
+  for (double t : NiceTicks(y0, y1, 6)) {
+    const double Y = py(t);
+    std::snprintf(buf, sizeof buf,
+                  "<line x1=\"%g\" y1=\"%.2f\" x2=\"%g\" y2=\"%.2f\" stroke=\"#ddd\"/>"
+                  "<line x1=\"%g\" y1=\"%.2f\" x2=\"%g\" y2=\"%.2f\" stroke=\"black\"/>"
+                  "<text x=\"%g\" y=\"%.2f\" text-anchor=\"end\">%s</text>\n",
+                  L, Y, W - R, Y, L - 6, Y, L, Y, L - 9, Y + 4, Number(t).c_str());
+    out << buf;
+  }
+  // Axis labels: the function's quantities when it names them.
+  const auto label = [](v7::DataParamType p, const char* fallback) {
+    return p == v7::DataParamType::Undefined ? std::string(fallback) : str::to_utf8(meta::ToName(p));
+  };
+  out << "<text x=\"" << (L + W - R) / 2 << "\" y=\"" << H - 18 << "\" text-anchor=\"middle\">"
+      << Escape(label(fn->InputParam(), "x")) << (o.logX ? " (log scale)" : "") << "</text>\n";
+  out << "<text transform=\"translate(20," << (T + H - B) / 2
+      << ") rotate(-90)\" text-anchor=\"middle\">" << Escape(label(fn->OutputParam(), "y"))
+      << "</text>\n";
+  // The curve, broken where the function has no value.
+  std::string path;
+  bool pen = false;
+  for (std::size_t i = 0; i < xs.size(); ++i) {
+    if (qvi::IsNoValue(ys[i]) || !std::isfinite(ys[i])) {
+      pen = false;
+      continue;
+    }
+    std::snprintf(buf, sizeof buf, "%c%.2f,%.2f ", pen ? 'L' : 'M', px(xs[i]), py(ys[i]));
+    path += buf;
+    pen = true;
+  }
+  out << "<path d=\"" << path << "\" fill=\"none\" stroke=\"#1f5fbf\" stroke-width=\"2\"/>\n";
+  for (const auto& p : data) {
+    if (p.x < std::min(o.from, o.to) || p.x > std::max(o.from, o.to) || (o.logX && p.x <= 0)) continue;
+    std::snprintf(buf, sizeof buf, "<circle cx=\"%.2f\" cy=\"%.2f\" r=\"3.5\" fill=\"#d04020\"/>\n",
+                  px(p.x), py(p.y));
+    out << buf;
+  }
+  out << "</svg>\n";
+  if (!out) Fail("cannot write \"" + o.svg + "\"");
+}
+
+void Run(const FnOptions& o) {
+  if (o.points < 2 || o.points > 100000) Fail("--points must be between 2 and 100000");
+  if (!std::isfinite(o.from) || !std::isfinite(o.to) || o.from == o.to)
+    Fail("--from and --to must be two different finite numbers");
+  if (o.logX && (o.from <= 0 || o.to <= 0)) Fail("--log-x needs --from and --to above zero");
+
+  v7::IFn fn;
+  const gtl::status s = v7::FnCreate(str::to_wstring(o.text), fn);
+  if (!s.succeeded()) Fail("cannot read the function \"" + o.text + "\": " + s.message_utf8());
+  std::vector<v7::FnPoint> data;
+  if (!o.data.empty()) {
+    data = ParseData(o.data);
+    auto* target = dynamic_cast<v7::IFnDataPoints*>(fn.Unshared());
+    if (!target) Fail("the function \"" + o.text + "\" does not take data points (--data)");
+    target->Assign(data.data(), data.data() + data.size());
+  }
+  if (const gtl::status u = fn.Unshared()->UpdateCalculatedValues(); u.failed())
+    Fail("cannot update the function: " + u.message_utf8());
+
+  std::vector<double> xs(static_cast<std::size_t>(o.points)), ys(xs.size());
+  for (int i = 0; i < o.points; ++i) {
+    const double t = static_cast<double>(i) / (o.points - 1);
+    xs[i] = o.logX ? std::pow(10.0, std::log10(o.from) + t * (std::log10(o.to) - std::log10(o.from)))
+                   : o.from + t * (o.to - o.from);
+    ys[i] = fn(xs[i]);
+  }
+  std::cout << "# " << str::to_utf8(fn.as_wstring()) << "\n";
+  char line[96];
+  std::snprintf(line, sizeof line, "%16s  %16s\n", "x", "y");
+  std::cout << line;
+  for (std::size_t i = 0; i < xs.size(); ++i) {
+    std::snprintf(line, sizeof line, "%16s  %16s\n", Number(xs[i]).c_str(), Number(ys[i]).c_str());
+    std::cout << line;
+  }
+  if (!o.svg.empty()) {
+    WriteSvg(o, fn, xs, ys, data);
+    std::cout << "wrote " << o.svg << "\n";
+  }
+}
+
+void AddFnCommand(CLI::App& app) {
+  auto o = std::make_shared<FnOptions>();
+  auto* cmd = app.add_subcommand("fn", "Evaluate a function given as text, and optionally plot it");
+  cmd->add_option("text", o->text, "The function's text, e.g. \"Spline(Tension=10)\" or \"2.5\"")->required();
+  cmd->add_option("--from", o->from, "First input")->required();
+  cmd->add_option("--to", o->to, "Last input")->required();
+  cmd->add_option("--points", o->points, "Number of inputs evaluated")->capture_default_str();
+  cmd->add_flag("--log-x", o->logX, "Space the inputs evenly in log10 (and plot so)");
+  cmd->add_option("--svg", o->svg, "Draw the curve into this SVG file");
+  cmd->add_option("--data", o->data, "Points for point-table kinds: \"x,y;x,y;...\"");
+  cmd->callback([o] { Run(*o); });
+}
+
+const CommandRegistrar registrar(&AddFnCommand);
+
+}  // namespace
+}  // namespace qvdoc
