@@ -24,7 +24,7 @@ struct KindDataInDocument : ::testing::Test {
     doc.DataInit();
     for (int i = 0; i < 3; ++i) doc.Analyses().Add(ANALYSIS{});
     for (int i = 0; i < 4; ++i) doc.Materials().Add(PendingRecord<4>{L"m", false});
-    for (int i = 0; i < 3; ++i) doc.FunctionList(kind_data::kStressBoundFns)->Add(Func2D{L"f", L"", false});
+    for (int i = 0; i < 3; ++i) doc.FunctionList(kind_data::kStressBoundFns)->Add(Func2D(L"f"));
     auto& stab = doc.StabItems().Get(2);
     stab.vSurcharges_.push_back({L"fill", 20, {}, 3, VariationType::Linear, false});
     stab.vSurcharges_.push_back({L"gone", 20, {}, 1, VariationType::Linear, true});
