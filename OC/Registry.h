@@ -7,6 +7,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <deque>
 #include <vector>
 
 #include "OC/RecordType.h"
@@ -81,7 +82,9 @@ class OCRegistry {
     bool applied = false;
   };
   std::vector<std::unique_ptr<RecordType>> types_;
-  std::vector<Template> templates_;  // index = RegID - 1
+  // index = RegID - 1. A deque: GetTemplate hands out pointers that must
+  // stay valid while later registrations append.
+  std::deque<Template> templates_;
   std::vector<RootInfo> roots_;
   std::map<const RecordType*, std::map<std::wstring, std::wstring, std::less<>>> aliases_;
   std::vector<Ordering> orderings_;
