@@ -7,6 +7,8 @@
 #include <functional>
 #include <iosfwd>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "V7Doc/core/QVDocument.h"
 
@@ -24,7 +26,15 @@ struct DemoContext {
   v7::QVDocumentHandle document;
   std::ostream& out;
   std::filesystem::path outDir;
+  // Files that steps add to the saved package beside the document, as
+  // (entry name, bytes): result tables under their analysis's result folder.
+  std::vector<std::pair<std::wstring, std::string>> packageEntries;
 };
+
+// Demo step orders, so that steps added from separate files run in a sensible
+// sequence: core 100, analyses 200, materials 250, functions 300, soil-water
+// functions 350, geometry 400, results 500, package save and reload 900,
+// summary 1000.
 
 // One step of `qvdoc demo`; steps run in ascending `order`. A step returns
 // false (after printing why to stderr) to fail the demo.

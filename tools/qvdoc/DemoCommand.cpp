@@ -20,7 +20,7 @@ void AddDemoCommand(CLI::App& app) {
                 << "\n";
       throw CLI::RuntimeError(kExitFailure);
     }
-    DemoContext context{gtl::make_handle<v7::QVDocument>(), std::cout, *outDir};
+    DemoContext context{gtl::make_handle<v7::QVDocument>(), std::cout, *outDir, {}};
     context.document->DataInit();
     v7::QVDocumentSetCurrentHandle(context.document);
     const bool ok = RunDemoSteps(context);
