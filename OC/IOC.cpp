@@ -102,7 +102,7 @@ gtl::status IOC::StoreScalar(const ScalarBox& box, ValueType from) {
                               tr.min ? str::to_wstring(*tr.min) : L"-inf",
                               tr.max ? str::to_wstring(*tr.max) : L"inf");
   if (void* p = Storage()) ScalarCopy(t, p, v.Slot(t));
-  else member_->access->Store(obj_, v.Slot(t));
+  else if (auto s = member_->access->Store(obj_, v.Slot(t)); s.failed()) return s;
   return {};
 }
 
@@ -211,7 +211,7 @@ gtl::status IOC::Clear() {
         case ValueType::Table: member_->table->Clear(Storage()); return {};
         default:
           if (void* p = Storage()) ScalarCopy(member_->type, p, member_->def.Slot(member_->type));
-          else member_->access->Store(obj_, member_->def.Slot(member_->type));
+          else return member_->access->Store(obj_, member_->def.Slot(member_->type));
           return {};
       }
     }
@@ -382,7 +382,7 @@ gtl::status IOC::Assign(const IOC& other) {
       ScalarBox box;
       other.LoadScalar(box);
       if (void* p = Storage()) ScalarCopy(Type(), p, box.Slot(Type()));
-      else member_->access->Store(obj_, box.Slot(Type()));
+      else return member_->access->Store(obj_, box.Slot(Type()));
       return {};
     }
     default: return OCError::not_supported(L"Assigning a wrapper element", where_);

@@ -36,7 +36,13 @@ class Accessor {
   // Getter/setter members: copies the value to and from a value of the
   // storage type (see ScalarBox).
   virtual void Load(const void* rec, void* value) const { (void)rec; (void)value; }
-  virtual void Store(void* rec, const void* value) const { (void)rec; (void)value; }
+  // A setter that checks its value (a function's text form) may refuse it;
+  // the status says why, and the reader reports it with the path and line.
+  virtual gtl::status Store(void* rec, const void* value) const {
+    (void)rec;
+    (void)value;
+    return {};
+  }
 };
 
 // Operations on a std::vector member (records or values).
@@ -48,6 +54,7 @@ class SequenceOps {
   virtual void* At(void* seq, std::size_t i) const = 0;
   virtual bool Equal(const void* a, const void* b) const = 0;
   virtual void Copy(void* dst, const void* src) const = 0;
+  virtual void Move(void* dst, void* src) const = 0;
 };
 
 // Operations on an identified record table. IDs are one-based slots.
@@ -63,6 +70,8 @@ class TableOps {
   // `id` (setting a stored ID). The slot must not hold a live record.
   virtual void Place(void* table, std::uint32_t id, void* rec) const = 0;
   virtual void Copy(void* dst, const void* src) const = 0;
+  virtual void Move(void* dst, void* src) const = 0;
+  virtual bool Equal(const void* a, const void* b) const = 0;
 };
 
 // One declared member.

@@ -101,6 +101,18 @@ class FieldAccess final : public Accessor {
   M T::*field_;
 };
 
+// A member of an object the record owns, reached through a function
+// ("the points of the document's geometry").
+template <class T, class M>
+class ReachAccess final : public Accessor {
+ public:
+  explicit ReachAccess(M& (*reach)(T&)) : reach_(reach) {}
+  void* Field(void* rec) const override { return &reach_(*static_cast<T*>(rec)); }
+
+ private:
+  M& (*reach_)(T&);
+};
+
 // Getter/setter members; enumerations go through their 32-bit value.
 template <class T, class V, class Getter, class Setter>
 class PropertyAccess final : public Accessor {
@@ -112,10 +124,19 @@ class PropertyAccess final : public Accessor {
     if constexpr (std::is_enum_v<V>) *static_cast<std::int32_t*>(value) = static_cast<std::int32_t>(v);
     else *static_cast<V*>(value) = v;
   }
-  void Store(void* rec, const void* value) const override {
+  gtl::status Store(void* rec, const void* value) const override {
+    T& r = *static_cast<T*>(rec);
+    auto call = [&](auto&& v) {
+      if constexpr (std::is_void_v<decltype((r.*set_)(v))>) {
+        (r.*set_)(v);
+        return gtl::status{};
+      } else {
+        return gtl::status((r.*set_)(v));
+      }
+    };
     if constexpr (std::is_enum_v<V>)
-      (static_cast<T*>(rec)->*set_)(static_cast<V>(*static_cast<const std::int32_t*>(value)));
-    else (static_cast<T*>(rec)->*set_)(*static_cast<const V*>(value));
+      return call(static_cast<V>(*static_cast<const std::int32_t*>(value)));
+    else return call(*static_cast<const V*>(value));
   }
 
  private:
@@ -134,6 +155,9 @@ class VectorOps final : public SequenceOps {
   }
   void Copy(void* d, const void* s) const override {
     *static_cast<Vec*>(d) = *static_cast<const Vec*>(s);
+  }
+  void Move(void* d, void* s) const override {
+    *static_cast<Vec*>(d) = std::move(*static_cast<Vec*>(s));
   }
 };
 
@@ -157,6 +181,12 @@ class TableAdapter final : public TableOps {
   void Copy(void* d, const void* s) const override {
     *static_cast<Table*>(d) = *static_cast<const Table*>(s);
   }
+  void Move(void* d, void* s) const override {
+    *static_cast<Table*>(d) = std::move(*static_cast<Table*>(s));
+  }
+  bool Equal(const void* a, const void* b) const override {
+    return *static_cast<const Table*>(a) == *static_cast<const Table*>(b);
+  }
 };
 
 template <class E>
@@ -173,14 +203,38 @@ class Schema {
   // Starts the declaration of record type T under `name`.
   explicit Schema(std::wstring name)
       : type_(std::make_unique<RecordType>(std::move(name), detail::OpsOf<T>())) {}
+  // The same for a type that is not a plain value (it owns registrations, a
+  // manager): copy, move and comparison go member by member through the
+  // declarations (MemberwiseOps).
+  Schema(std::wstring name, RecordOps ops)
+      : type_(std::make_unique<RecordType>(std::move(name), ops)) {}
 
   // Declares field `field` with C++ name `name`, persisted as `tag_name`
   // ("X", "Group.X", or a collection "Points[Point]").
   template <class M>
   Schema& Add(M T::*field, std::wstring name, std::wstring_view tag_name,
               meta::MetaDataTraits traits = {}) {
+    return AddWith<M>(std::make_unique<detail::FieldAccess<T, M>>(field), std::move(name),
+                      tag_name, std::move(traits));
+  }
+
+  // Declares a member that lives in an object the record owns, reached by
+  // `reach` (a captureless lambda with a unary +: `+[](Doc& d) -> auto& {
+  // return d.geometry_.points_; }`). The member is the record's own for
+  // persistence and paths.
+  template <class M>
+  Schema& AddReach(M& (*reach)(T&), std::wstring name, std::wstring_view tag_name,
+                   meta::MetaDataTraits traits = {}) {
+    return AddWith<M>(std::make_unique<detail::ReachAccess<T, M>>(reach), std::move(name),
+                      tag_name, std::move(traits));
+  }
+
+ private:
+  template <class M>
+  Schema& AddWith(std::unique_ptr<Accessor> access, std::wstring name, std::wstring_view tag_name,
+                  meta::MetaDataTraits traits) {
     auto m = Start(std::move(name), tag_name, std::move(traits));
-    m->access = std::make_unique<detail::FieldAccess<T, M>>(field);
+    m->access = std::move(access);
     if constexpr (detail::kIsScalar<M>) {
       m->type = detail::ScalarTypeOf<M>();
       m->traits.enum_table = detail::EnumTableOf<M>();
@@ -207,10 +261,15 @@ class Schema {
     return *this;
   }
 
-  // Declares a scalar member reached through its accessor pair.
-  template <class G, class S>
-  Schema& Add(G (T::*getter)() const, void (T::*setter)(S), std::wstring name,
+
+ public:
+  // Declares a scalar member reached through its accessor pair. The setter
+  // returns nothing, or a gtl::status when it may refuse a value.
+  template <class G, class S, class R>
+  Schema& Add(G (T::*getter)() const, R (T::*setter)(S), std::wstring name,
               std::wstring_view tag_name, meta::MetaDataTraits traits = {}) {
+    static_assert(std::is_void_v<R> || std::is_same_v<R, gtl::status>,
+                  "a setter returns nothing or a status");
     using V = std::remove_cvref_t<G>;
     static_assert(std::is_same_v<V, std::remove_cvref_t<S>>, "getter and setter disagree");
     static_assert(detail::kIsScalar<V>, "accessor members hold one value");
@@ -218,7 +277,7 @@ class Schema {
     m->type = detail::ScalarTypeOf<V>();
     m->traits.enum_table = detail::EnumTableOf<V>();
     m->access = std::make_unique<
-        detail::PropertyAccess<T, V, G (T::*)() const, void (T::*)(S)>>(getter, setter);
+        detail::PropertyAccess<T, V, G (T::*)() const, R (T::*)(S)>>(getter, setter);
     type_->AddMember(std::move(m));
     return *this;
   }
@@ -238,6 +297,25 @@ class Schema {
 
   std::unique_ptr<RecordType> type_;
 };
+
+namespace detail {
+void MemberwiseCopy(const RecordType& type, void* dst, const void* src);
+void MemberwiseMove(const RecordType& type, void* dst, void* src);
+bool MemberwiseEqual(const RecordType& type, const void* a, const void* b);
+}  // namespace detail
+
+// Record operations of T through its declared members: T needs only a
+// default constructor. Members not declared are neither copied nor compared.
+template <class T>
+RecordOps MemberwiseOps() {
+  RecordOps ops;
+  ops.create = [] { return static_cast<void*>(new T()); };
+  ops.destroy = [](void* p) { delete static_cast<T*>(p); };
+  ops.copy = [](void* d, const void* s) { detail::MemberwiseCopy(TypeOf<T>(), d, s); };
+  ops.move = [](void* d, void* s) { detail::MemberwiseMove(TypeOf<T>(), d, s); };
+  ops.equal = [](const void* a, const void* b) { return detail::MemberwiseEqual(TypeOf<T>(), a, b); };
+  return ops;
+}
 
 // A data store handle on a live record of a declared type.
 template <class T>

@@ -29,6 +29,7 @@ constexpr unsigned kMsgUnknownEnumName = 31013;
 constexpr unsigned kMsgTooDeep = 31014;
 constexpr unsigned kMsgMissingID = 31015;
 constexpr unsigned kMsgDeletedOnRead = 31017;
+constexpr unsigned kMsgRefusedValue = 31032;
 
 // Elements deeper than this are refused: a declaration tree is far
 // shallower, and recursion must stay bounded on hostile input.
@@ -150,7 +151,8 @@ class Reader {
         ScalarBox box;
         m.access->Load(rec, box.Slot(m.type));
         ReadValue(m, m.type, el, box.Slot(m.type));
-        m.access->Store(rec, box.Slot(m.type));
+        if (auto s = m.access->Store(rec, box.Slot(m.type)); s.failed())
+          err_.ReportError(gtl::status::error(kMsgRefusedValue, s.message(), Where(), Line(el)));
       }
       return;
     }

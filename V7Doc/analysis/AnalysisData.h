@@ -70,9 +70,27 @@ class AnalysisDataByAnalysisID : public IQVContainer, public IQVChangeListener {
     if (it != entries_.end() && it->first == analysis) entries_.erase(it);
   }
   const std::vector<Entry>& Entries() const { return entries_; }
+  // For the persistence declaration, which fills the list wholesale; a list
+  // so filled is put back in order by OnUpdateCalculatedValues.
+  std::vector<Entry>& Entries() { return entries_; }
   std::size_t Size() const { return entries_.size(); }
 
   void Clear() override { entries_.clear(); }
+
+  // Entries in ascending analysis order, one per analysis (the last of
+  // duplicates wins, as it would have on a second Get), none for analysis 0.
+  void OnUpdateCalculatedValues() override {
+    std::stable_sort(entries_.begin(), entries_.end(),
+                     [](const Entry& a, const Entry& b) { return a.first < b.first; });
+    std::vector<Entry> kept;
+    kept.reserve(entries_.size());
+    for (auto& e : entries_) {
+      if (e.first == 0) continue;
+      if (!kept.empty() && kept.back().first == e.first) kept.back() = std::move(e);
+      else kept.push_back(std::move(e));
+    }
+    entries_ = std::move(kept);
+  }
 
   // Follows the analyses, and the containers whose records the data refers
   // to (T::ReferencedContainers()), so that usage queries of those reach the

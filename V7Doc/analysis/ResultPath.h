@@ -8,6 +8,15 @@
 #include "V7Doc/analysis/ResultInfo.h"
 
 namespace v7::v7qvi::analysis {
+class ResultPath;
+}
+namespace oc {
+class RecordType;
+template <class T>
+const RecordType& TypeOf();
+}  // namespace oc
+
+namespace v7::v7qvi::analysis {
 
 class ResultPath {
  public:
@@ -57,6 +66,7 @@ class ResultPath {
   friend bool operator==(const ResultPath&, const ResultPath&) = default;
 
  private:
+  friend const oc::RecordType& oc::TypeOf<ResultPath>();
   std::wstring strPath_;
   std::wstring strSubPath_;
   std::wstring strFile_;

@@ -112,6 +112,17 @@ void QVDocument::OnRegistration() {
   containerManager_.Subscribe(this, container::ResultContours);
 }
 
+void QVDocument::OnCollectionsReplaced() {
+  // Session IDs of the old collections mean nothing for the new ones.
+  sessions_.assign(1, 0);
+  for (auto it = analyses_.begin(); it != analyses_.end(); ++it) sessions_.push_back(it.ID());
+  if (currentResultContour_ != 0 && (currentResultContour_ > resultContours_.Size() ||
+                                     resultContours_.IsMissingSlot(currentResultContour_)))
+    currentResultContour_ = 0;
+  bInitialized_ = true;
+  containerManager_.NotifyAllUpdateCalculatedValues();
+}
+
 void QVDocument::OnUpdateCalculatedValues() {
   validAnalyses_.assign(analyses_.Size() + 1, 0);
   for (auto it = analyses_.begin(); it != analyses_.end(); ++it) validAnalyses_[it.ID()] = it.ID();

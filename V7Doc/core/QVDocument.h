@@ -18,6 +18,15 @@
 #include "V7Doc/view/ViewPreferences.h"
 
 namespace v7 {
+class QVDocument;
+}
+namespace oc {
+class RecordType;
+template <class T>
+const RecordType& TypeOf();
+}  // namespace oc
+
+namespace v7 {
 
 // Fixed container GIDs of the document's collections.
 namespace container {
@@ -82,6 +91,9 @@ class QVDocData : public gtl::handle_ref_counter {
   v7qvi::DisplaySettings& DisplaySettings() { return display_; }
 
  protected:
+  // The persistence declaration of the document reaches every collection.
+  friend const oc::RecordType& oc::TypeOf<QVDocument>();
+
   QVContainerManager containerManager_;
   v7qvi::ViewPreferences view_;
   v7qvi::DisplaySettings display_;
@@ -153,6 +165,10 @@ class QVDocument : public QVDocData, public IQVContainer, public IQVChangeListen
   GID CurrentResultContour() const { return currentResultContour_; }
   void SetCurrentResultContour(GID id) { currentResultContour_ = id; }
   const std::vector<GID>& ValidAnalyses() const { return validAnalyses_; }
+  // After the collections were replaced wholesale (a load): one session per
+  // live analysis, the current result contour cleared if it is gone, and
+  // every container's calculated values refreshed.
+  void OnCollectionsReplaced();
 
   int UndoFreeMemory() { return containerManager_.UndoFreeMemory(); }
 };

@@ -38,6 +38,16 @@ class Func2D : public Func2DData {
   void SetDescription(const std::wstring& d) { strDescription_ = d; }
   const IFn& Fn() const { return fn_; }
   void SetFn(const IFn& fn) { fn_ = fn; }
+  // The function as its text form ("Linear(SlopeBefore=0)"), as persisted;
+  // empty for no function.
+  std::wstring FnText() const;
+  // Rebuilds the function from its text form; an empty text gives no
+  // function. A text that names no kind, or a bad attribute, is refused and
+  // the function is left as it was.
+  gtl::status SetFnText(const std::wstring& text);
+  // The same for the estimate function.
+  std::wstring EstFnText() const;
+  gtl::status SetEstFnText(const std::wstring& text);
   const IFn& GetEstFn() const { return estFn_; }
   void SetEstFn(const IFn& fn) { estFn_ = fn; }
   std::vector<FnPoint>& Points() { return points_; }

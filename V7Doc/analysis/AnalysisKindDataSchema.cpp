@@ -1,0 +1,144 @@
+// Persisted names of the per-kind analysis data. Each per-kind list is
+// persisted as one item per analysis, "<ID>" (the analysis) and "<Entry>"
+// (its data), the layout the older documents' paths
+// ("StabItems[$1].Entry.PressureLines[$2]") already use.
+#include "OC/Schema.h"
+#include "V7Doc/analysis/AnalysisKindData.h"
+
+namespace oc {
+using namespace v7;
+
+template <>
+const RecordType& TypeOf<TimeHistoryPoint>() {
+  static const RecordType& t = Schema<TimeHistoryPoint>(L"TimeHistoryPoint")
+      .Add(&TimeHistoryPoint::fTime, L"fTime", L"Time")
+      .Add(&TimeHistoryPoint::fValue, L"fValue", L"Value")
+      .Done();
+  return t;
+}
+
+template <>
+const RecordType& TypeOf<ShakeDirection>() {
+  static const RecordType& t = Schema<ShakeDirection>(L"ShakeDirection")
+      .Add(&ShakeDirection::vTimeHistory_, L"vTimeHistory_", L"Records[Record]")
+      .Add(&ShakeDirection::fScale_, L"fScale_", L"ScaleFactor")
+      .Done();
+  return t;
+}
+
+template <>
+const RecordType& TypeOf<ShakeEarthquake>() {
+  static const RecordType& t = Schema<ShakeEarthquake>(L"ShakeEarthquake")
+      .Add(&ShakeEarthquake::name_, L"name_", L"Name")
+      .Add(&ShakeEarthquake::horizontal_, L"horizontal_", L"Horizontal")
+      .Add(&ShakeEarthquake::vertical_, L"vertical_", L"Vertical")
+      .Done();
+  return t;
+}
+
+template <>
+const RecordType& TypeOf<SurchargeLoad>() {
+  static const RecordType& t = Schema<SurchargeLoad>(L"SurchargeLoad")
+      .Add(&SurchargeLoad::name_, L"name_", L"Name")
+      .Add(&SurchargeLoad::fUnitWeight_, L"fUnitWeight_", L"UnitWeight")
+      .Add(&SurchargeLoad::vPoints_, L"vPoints_", L"DataPoints[DataPoint]")
+      .Add(&SurchargeLoad::fnNum_, L"fnNum_", L"FnNum")
+      .Add(&SurchargeLoad::variation_, L"variation_", L"Variation")
+      .Add(&SurchargeLoad::bMissing_, L"bMissing_", L"Deleted")
+      .Done();
+  return t;
+}
+
+template <>
+const RecordType& TypeOf<WaterTableEntry>() {
+  static const RecordType& t = Schema<WaterTableEntry>(L"WaterTableEntry")
+      .Add(&WaterTableEntry::name_, L"name_", L"Name")
+      .Add(&WaterTableEntry::vPoints_, L"vPoints_", L"DataPoints[DataPoint]")
+      .Add(&WaterTableEntry::vMaterials_, L"vMaterials_", L"Materials[ID]")
+      .Add(&WaterTableEntry::inputDef_, L"inputDef_", L"InputDefinition")
+      .Add(&WaterTableEntry::bMissing_, L"bMissing_", L"Deleted")
+      .Done();
+  return t;
+}
+
+template <>
+const RecordType& TypeOf<SoluteData>() {
+  static const RecordType& t = Schema<SoluteData>(L"SoluteData")
+      .Add(&SoluteData::vSources_, L"vSources_", L"Sources[ID]")
+      .Done();
+  return t;
+}
+
+template <>
+const RecordType& TypeOf<ShakeData>() {
+  static const RecordType& t = Schema<ShakeData>(L"ShakeData")
+      .Add(&ShakeData::earthquake_, L"earthquake_", L"EarthquakeRecords")
+      .Done();
+  return t;
+}
+
+template <>
+const RecordType& TypeOf<HydroData>() {
+  static const RecordType& t = Schema<HydroData>(L"HydroData")
+      .Add(&HydroData::vInitialWaterTables_, L"vInitialWaterTables_", L"InitialWaterTables[InitialWaterTable]")
+      .Done();
+  return t;
+}
+
+template <>
+const RecordType& TypeOf<DeformData>() {
+  static const RecordType& t = Schema<DeformData>(L"DeformData")
+      .Add(&DeformData::vIgnoredRegions_, L"vIgnoredRegions_", L"IgnoredItems[ID]")
+      .Done();
+  return t;
+}
+
+template <>
+const RecordType& TypeOf<StabData>() {
+  static const RecordType& t = Schema<StabData>(L"StabData")
+      .Add(&StabData::vSurcharges_, L"vSurcharges_", L"SurchargeLoads[SurchargeLoad]")
+      .Add(&StabData::vPiezometricLines_, L"vPiezometricLines_", L"PiezometricLines[PiezometricLine]")
+      .Add(&StabData::paramVariation_, L"paramVariation_", L"ParameterVariation")
+      .Add(&StabData::nNumTrials_, L"nNumTrials_", L"NumTrials", meta::MetaDataTraits{}.Bounds(1, 1e9))
+      .Done();
+  return t;
+}
+
+template <>
+const RecordType& TypeOf<ThermoData>() {
+  static const RecordType& t = Schema<ThermoData>(L"ThermoData")
+      .Add(&ThermoData::vThermosyphons_, L"vThermosyphons_", L"ThermoSyphons[ID]")
+      .Add(&ThermoData::vConvectiveSurfaces_, L"vConvectiveSurfaces_", L"ConvectiveSurfaces[ID]")
+      .Done();
+  return t;
+}
+
+template <>
+const RecordType& TypeOf<EvapoData>() {
+  static const RecordType& t = Schema<EvapoData>(L"EvapoData")
+      .Add(&EvapoData::climateData_, L"climateData_", L"ClimateDataID")
+      .Add(&EvapoData::vInitialWaterTables_, L"vInitialWaterTables_", L"InitialWaterTables[InitialWaterTable]")
+      .Done();
+  return t;
+}
+
+// One item of a per-kind list: the analysis and its data.
+template <class D>
+const RecordType& ItemType(const wchar_t* name) {
+  using E = typename AnalysisDataByAnalysisID<D>::Entry;
+  static const RecordType& t = Schema<E>(name)
+      .Add(&E::first, L"first", L"ID")
+      .Add(&E::second, L"second", L"Entry")
+      .Done();
+  return t;
+}
+
+template <> const RecordType& TypeOf<AnalysisDataByAnalysisID<SoluteData>::Entry>() { return ItemType<SoluteData>(L"SoluteItem"); }
+template <> const RecordType& TypeOf<AnalysisDataByAnalysisID<ShakeData>::Entry>() { return ItemType<ShakeData>(L"ShakeItem"); }
+template <> const RecordType& TypeOf<AnalysisDataByAnalysisID<HydroData>::Entry>() { return ItemType<HydroData>(L"HydroItem"); }
+template <> const RecordType& TypeOf<AnalysisDataByAnalysisID<DeformData>::Entry>() { return ItemType<DeformData>(L"DeformItem"); }
+template <> const RecordType& TypeOf<AnalysisDataByAnalysisID<StabData>::Entry>() { return ItemType<StabData>(L"StabItem"); }
+template <> const RecordType& TypeOf<AnalysisDataByAnalysisID<ThermoData>::Entry>() { return ItemType<ThermoData>(L"ThermoItem"); }
+template <> const RecordType& TypeOf<AnalysisDataByAnalysisID<EvapoData>::Entry>() { return ItemType<EvapoData>(L"EvapoItem"); }
+
+}  // namespace oc

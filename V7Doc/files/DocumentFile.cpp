@@ -1,0 +1,118 @@
+#include "V7Doc/files/DocumentFile.h"
+
+#include <cwctype>
+#include <fstream>
+#include <iterator>
+
+#include "OC/package/AtomicFile.h"
+#include "OC/package/Package.h"
+#include "OC/xml/XML.h"
+#include "QVI/str/Convert.h"
+#include "V7Doc/core/QVDocument.h"
+#include "V7Doc/files/DocumentSchema.h"
+
+namespace v7::files {
+namespace {
+constexpr unsigned kMsgCannotLoad = 31033;
+constexpr unsigned kMsgCannotSave = 31034;
+constexpr unsigned kMsgUnknownKind = 31035;
+constexpr unsigned kMsgNoDocumentEntry = 31036;
+constexpr unsigned kMsgCannotOpenFile = 31010;
+
+bool EndsWithNoCase(const std::wstring& s, std::wstring_view ext) {
+  if (s.size() < ext.size()) return false;
+  for (std::size_t i = 0; i < ext.size(); ++i)
+    if (std::towlower(s[s.size() - ext.size() + i]) != std::towlower(ext[i])) return false;
+  return true;
+}
+
+gtl::status LoadFailed(const std::wstring& path, const gtl::status& why) {
+  return gtl::status::error(kMsgCannotLoad, path, why.message());
+}
+gtl::status SaveFailed(const std::wstring& path, const gtl::status& why) {
+  return gtl::status::error(kMsgCannotSave, path, why.message());
+}
+
+gtl::status ReadWholeFile(const std::wstring& path, std::string& bytes) {
+  std::ifstream in(str::to_utf8(path), std::ios::binary);
+  if (!in) return gtl::status::error(kMsgCannotOpenFile, path);
+  bytes.assign(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
+  if (in.bad()) return gtl::status::error(kMsgCannotOpenFile, path);
+  return {};
+}
+}  // namespace
+
+bool IsPackagePath(const std::wstring& path) { return EndsWithNoCase(path, oc::package::Package::kExtension); }
+bool IsDocumentXmlPath(const std::wstring& path) { return EndsWithNoCase(path, L".xml"); }
+
+gtl::status DocumentToXml(const QVDocument& doc, std::string& xml) {
+  if (auto s = RegisterDocumentSchema(); s.failed()) return s;
+  return oc::xml::StringWrite(DocumentStore(const_cast<QVDocument&>(doc)), xml);
+}
+
+gtl::status DocumentFromXml(std::string_view xml, QVDocument& doc, const std::wstring& source,
+                            LoadReport* report) {
+  if (auto s = RegisterDocumentSchema(); s.failed()) return s;
+  oc::xml::ReadReport read;
+  // The reader builds a fresh document and moves it into `doc` only when
+  // it found no error.
+  if (auto s = oc::xml::StringRead(xml, DocumentStore(doc), &read); s.failed())
+    return LoadFailed(source, s);
+  doc.OnCollectionsReplaced();
+  if (report) {
+    report->version = read.version;
+    report->warnings.clear();
+    for (const auto& m : read.messages)
+      if (!m.succeeded()) report->warnings.push_back(m);
+  }
+  return {};
+}
+
+gtl::status SaveDocument(const QVDocument& doc, const std::wstring& path, const PackageEntries& results) {
+  const bool package = IsPackagePath(path);
+  if (!package && !IsDocumentXmlPath(path)) return gtl::status::error(kMsgUnknownKind, path);
+  std::string xml;
+  if (auto s = DocumentToXml(doc, xml); s.failed()) return SaveFailed(path, s);
+  if (!package) {
+    if (auto s = oc::package::WriteFileAtomic(path, xml); s.failed()) return SaveFailed(path, s);
+    return {};
+  }
+  oc::package::Package pkg;
+  for (const auto& [name, bytes] : results) {
+    if (name == oc::package::Package::kDocumentEntry) continue;  // the document is ours to write
+    if (auto s = pkg.Write(name, bytes); s.failed()) return SaveFailed(path, s);
+  }
+  if (auto s = pkg.Write(oc::package::Package::kDocumentEntry, std::move(xml)); s.failed())
+    return SaveFailed(path, s);
+  if (auto s = pkg.Save(path); s.failed()) return SaveFailed(path, s);
+  return {};
+}
+
+gtl::status LoadDocument(const std::wstring& path, QVDocument& doc, PackageEntries* results,
+                         LoadReport* report) {
+  if (IsDocumentXmlPath(path)) {
+    std::string xml;
+    if (auto s = ReadWholeFile(path, xml); s.failed()) return LoadFailed(path, s);
+    return DocumentFromXml(xml, doc, path, report);
+  }
+  if (!IsPackagePath(path)) return gtl::status::error(kMsgUnknownKind, path);
+  oc::package::Package pkg;
+  if (auto s = pkg.Open(path); s.failed()) return LoadFailed(path, s);
+  if (!pkg.Contains(oc::package::Package::kDocumentEntry))
+    return gtl::status::error(kMsgNoDocumentEntry, path, oc::package::Package::kDocumentEntry);
+  std::string xml;
+  if (auto s = pkg.Read(oc::package::Package::kDocumentEntry, xml); s.failed()) return LoadFailed(path, s);
+  PackageEntries others;
+  if (results)
+    for (const auto& name : pkg.List()) {
+      if (name == oc::package::Package::kDocumentEntry) continue;
+      if (auto s = pkg.Read(name, others[name]); s.failed()) return LoadFailed(path, s);
+    }
+  if (auto s = DocumentFromXml(xml, doc, path + L" (" + oc::package::Package::kDocumentEntry + L")", report);
+      s.failed())
+    return s;
+  if (results) *results = std::move(others);
+  return {};
+}
+
+}  // namespace v7::files

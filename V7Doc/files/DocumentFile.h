@@ -1,0 +1,51 @@
+#pragma once
+// Saving and loading a whole document: a project package (".qvz": the
+// document entry and the result entries the caller supplies) or a bare
+// document (".xml"). Saves replace the file atomically; loads read into a
+// fresh document and replace the caller's only on success.
+#include <map>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "QVI/gtl/status.h"
+
+namespace v7 {
+class QVDocument;
+
+namespace files {
+
+// Entries of a package other than the document: name -> bytes
+// ("Analysis1/Heads.csv" -> the file).
+using PackageEntries = std::map<std::wstring, std::string>;
+
+// What a successful load found besides the data.
+struct LoadReport {
+  std::wstring version;                // the document's format version
+  std::vector<gtl::status> warnings;   // unknown elements or names, values outside bounds
+};
+
+// True when `path` ends with ".qvz" or ".xml" (any case).
+bool IsPackagePath(const std::wstring& path);
+bool IsDocumentXmlPath(const std::wstring& path);
+
+// The document as XML text (UTF-8).
+gtl::status DocumentToXml(const QVDocument& doc, std::string& xml);
+// Reads XML text into `doc`; on failure `doc` is untouched. `source` names
+// the text in messages.
+gtl::status DocumentFromXml(std::string_view xml, QVDocument& doc, const std::wstring& source,
+                            LoadReport* report = nullptr);
+
+// Saves `doc` to `path`: a package when it ends with ".qvz" (with
+// `results` as further entries, names checked), bare XML when ".xml". On
+// failure the file at `path` is as it was.
+gtl::status SaveDocument(const QVDocument& doc, const std::wstring& path,
+                         const PackageEntries& results = {});
+// Loads `path` (".qvz" or ".xml") into `doc`; a package's other entries go
+// to `results` when given. On failure `doc` and `results` are untouched and
+// the status names the file and, for bad content, the line and path.
+gtl::status LoadDocument(const std::wstring& path, QVDocument& doc,
+                         PackageEntries* results = nullptr, LoadReport* report = nullptr);
+
+}  // namespace files
+}  // namespace v7

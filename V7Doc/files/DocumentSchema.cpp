@@ -1,0 +1,212 @@
+// The document root: every collection QVDocData holds, under its member
+// name and collection path, with the qualified aliases of the top-level
+// members. The document is not a plain value (it owns its container manager
+// and their registrations), so copy, move and comparison go member by member
+// through these declarations.
+#include "V7Doc/files/DocumentSchema.h"
+
+#include "OC/Registry.h"
+#include "OC/Schema.h"
+#include "OC/xml/XML.h"
+#include "V7Doc/core/QVDocument.h"
+
+namespace oc {
+using namespace v7;
+
+namespace {
+using Doc = QVDocument;
+
+template <GID List>
+Func2DTable& FnList(Doc& d) {
+  return *d.FunctionList(List);
+}
+
+template <class D>
+auto& KindItems(AnalysisDataByAnalysisID<D>& items) {
+  return items.Entries();
+}
+}  // namespace
+
+#define V7_DOC(expr) +[](Doc& d) -> auto& { return d.expr; }
+
+template <>
+const RecordType& TypeOf<QVDocument>() {
+  static const RecordType& t =
+      Schema<Doc>(L"QVDocument", MemberwiseOps<Doc>())
+          .AddReach(V7_DOC(view_), L"view", L"View.Preferences")
+          .AddReach(V7_DOC(currentResultContour_), L"gidCurrentDefineContour", L"View.CurrentDefineContour")
+          .AddReach(V7_DOC(display_), L"page", L"Coordinates.PageCoords")
+          // "eng" (Coordinates.EngCoords) joins here with the engineering settings.
+          .AddReach(V7_DOC(geometry_.Points()), L"points", L"GeometryItems.Points[Point]")
+          .AddReach(V7_DOC(geometry_.Lines()), L"lines", L"GeometryItems.Lines[Lines]")
+          .AddReach(V7_DOC(geometry_.Regions()), L"regions", L"GeometryItems.Regions[Region]")
+          .AddReach(V7_DOC(geometry_.Surfaces()), L"surface", L"GeometryItems.Surfaces[Surface]")
+          .AddReach(V7_DOC(meshConstraints_), L"meshConstraintAssoc", L"GeometryItems.Mesh.Constraints[GGID]")
+          .AddReach(V7_DOC(materials_), L"hMatlMem", L"Materials[Material]")
+          .AddReach(V7_DOC(bcs_), L"boundaryConditions", L"BCs[BC]")
+          .AddReach(V7_DOC(structuralBarAttributes_), L"structuralBarAttributes", L"BarAttributes[BarAttribute]")
+          .AddReach(V7_DOC(structuralBeamAttributes_), L"structuralBeamAttributes", L"BeamAttributes[BeamAttribute]")
+          .AddReach(V7_DOC(analyses_), L"analyses", L"Analyses[Analysis]")
+          .AddReach(V7_DOC(contexts_), L"anlsAssocs", L"Contexts[Context]")
+          .AddReach(&FnList<11>, L"HKFns", L"Functions.Material.Hydraulic.KFns[KFn]")
+          .AddReach(&FnList<12>, L"TKTempFns", L"Functions.Material.Thermal.KFnTemps[KFnTemp]")
+          .AddReach(&FnList<13>, L"DifFns", L"Functions.Material.Contaminant.DiffusionFns[DiffusionFn]")
+          .AddReach(&FnList<14>, L"SFns", L"Functions.Material.Hydraulic.VolWCFns[VolWCFn]")
+          .AddReach(&FnList<15>, L"UWCFns", L"Functions.Material.Thermal.UnfrozenWCFns[UnfrozenWCFn]")
+          .AddReach(&FnList<16>, L"AdsFns", L"Functions.Material.Contaminant.AdsorpFns[AdsorpFn]")
+          .AddReach(&FnList<17>, L"StrengthFns", L"Functions.Material.StressStrain.StrengthFns[StrengthFn]")
+          .AddReach(&FnList<18>, L"HydBFns", L"Functions.Boundary.Hydraulic.BoundFns[BoundFn]")
+          .AddReach(&FnList<19>, L"HydMFns", L"Functions.Boundary.Hydraulic.ModFns[ModFn]")
+          .AddReach(&FnList<20>, L"ConcBFns", L"Functions.Boundary.Contaminant.BoundFns[BoundFn]")
+          .AddReach(&FnList<22>, L"TKFns", L"Functions.Material.Thermal.KFns[KFn]")
+          .AddReach(&FnList<23>, L"VSHFns", L"Functions.Material.Thermal.VolSpecHeatFns[VolSpecHeatFn]")
+          .AddReach(&FnList<24>, L"LAIFns", L"Functions.Boundary.Climate.LeafAreaIndexFns[LeafAreaIndexFn]")
+          .AddReach(&FnList<25>, L"PMLFns", L"Functions.Boundary.Climate.PlantMoistLimitFns[PlantMoistLimitFn]")
+          .AddReach(&FnList<26>, L"RDFns", L"Functions.Boundary.Climate.RootDepthFns[RootDepthFn]")
+          .AddReach(&FnList<27>, L"ThermBFns", L"Functions.Boundary.Thermal.BoundFns[BoundFn]")
+          .AddReach(&FnList<28>, L"ThermMFns", L"Functions.Boundary.Thermal.ModFns[ModFn]")
+          .AddReach(&FnList<29>, L"GasBFns", L"Functions.Boundary.Gas.BoundFns[BoundFn]")
+          .AddReach(&FnList<30>, L"GasMFns", L"Functions.Boundary.Gas.ModFns[ModFn]")
+          .AddReach(&FnList<31>, L"StressBFns", L"Functions.Boundary.StressStrain.BoundFns[BoundFn]")
+          .AddReach(&FnList<32>, L"DCFns", L"Functions.Material.StressStrain.CyclicNumFns[CyclicNumFn]")
+          .AddReach(&FnList<33>, L"DPFns", L"Functions.Material.StressStrain.SeedPWPFns[SeedPWPFn]")
+          .AddReach(&FnList<34>, L"DGFns", L"Functions.Material.StressStrain.GReductionFns[GReductionFn]")
+          .AddReach(&FnList<35>, L"DDFns", L"Functions.Material.StressStrain.DampingRatioFns[DampingRatioFn]")
+          .AddReach(&FnList<36>, L"DKaFns", L"Functions.Material.StressStrain.KAlphaCorrFns[KAlphaCorrFn]")
+          .AddReach(&FnList<37>, L"DKsFns", L"Functions.Material.StressStrain.KSigmaCorrFns[KSigmaCorrFn]")
+          .AddReach(&FnList<38>, L"MFSPFns", L"Functions.Material.StressStrain.MFSPWPFns[MFSPWPFn]")
+          .AddReach(&FnList<39>, L"AFns", L"Functions.Material.StressStrain.AnisoFns[AnisoFn]")
+          .AddReach(&FnList<40>, L"ProbFns", L"Functions.Material.StressStrain.StabProbFns[StabProbFn]")
+          .AddReach(&FnList<41>, L"WeightFns", L"Functions.Material.StressStrain.WeightFns[WeightFn]")
+          .AddReach(&FnList<42>, L"CohesionFns", L"Functions.Material.StressStrain.CohesionFns[CohesionFn]")
+          .AddReach(&FnList<43>, L"PhiFns", L"Functions.Material.StressStrain.PhiFns[PhiFn]")
+          .AddReach(&FnList<44>, L"EModFns", L"Functions.Material.StressStrain.EModulusFns[EModulusFn]")
+          .AddReach(&FnList<45>, L"GmaxFns", L"Functions.Material.StressStrain.GmaxFns[GmaxFn]")
+          .AddReach(&FnList<46>, L"KRedFns", L"Functions.Material.StressStrain.KRedFns[KRedFn]")
+          .AddReach(&FnList<47>, L"TotalEModFns", L"Functions.Material.StressStrain.TotalEModFns[TotalEModFn]")
+          .AddReach(&FnList<48>, L"TotalCFns", L"Functions.Material.StressStrain.TotalCFns[TotalCFn]")
+          .AddReach(&FnList<49>, L"RecModulusFns", L"Functions.Material.StressStrain.RecModulusFns[RecModulusFn]")
+          .AddReach(&FnList<50>, L"AirKFns", L"Functions.Material.Air.KFns[KFn]")
+          .AddReach(&FnList<51>, L"AirBFns", L"Functions.Boundary.Air.BoundFns[BoundFn]")
+          .AddReach(V7_DOC(func3Ds_), L"func3Ds", L"Functions.Func3Ds[Fn3D]")
+          .AddReach(V7_DOC(cutLines_), L"cutLines", L"Contour.CutLines[CutLine]")
+          .AddReach(V7_DOC(resultGraphs_), L"resultGraphs", L"Contour.ResultGraphs[ResultGraph]")
+          .AddReach(V7_DOC(resultContours_), L"resultContours", L"Contour.ResultContours[ResultContour]")
+          .AddReach(V7_DOC(resultSets_), L"resultSets", L"Contour.ResultSets[ResultSet]")
+          .AddReach(V7_DOC(climateData_), L"climateData", L"ClimateDataSets[ClimateDataSet]")
+          .AddReach(V7_DOC(thermosyphons_), L"hThermoMem", L"ThermoSyphons[ThermoSyphon]")
+          .AddReach(V7_DOC(convectiveSurfaces_), L"hPipeSurfMem", L"ConvectiveSurfaces[ConvectiveSurface]")
+          .AddReach(+[](Doc& d) -> auto& { return KindItems(d.soluteItems_); }, L"soluteItems", L"SoluteItems[SoluteItem]")
+          .AddReach(+[](Doc& d) -> auto& { return KindItems(d.shakeItems_); }, L"shakeItems", L"ShakeItems[ShakeItem]")
+          .AddReach(+[](Doc& d) -> auto& { return KindItems(d.hydroItems_); }, L"hydroItems", L"HydroItems[HydroItem]")
+          .AddReach(+[](Doc& d) -> auto& { return KindItems(d.deformItems_); }, L"deformItems", L"DeformItems[DeformItem]")
+          .AddReach(+[](Doc& d) -> auto& { return KindItems(d.stabItems_); }, L"stabItems", L"StabItems[StabItem]")
+          .AddReach(+[](Doc& d) -> auto& { return KindItems(d.thermoItems_); }, L"thermoItems", L"ThermoItems[ThermoItem]")
+          .AddReach(+[](Doc& d) -> auto& { return KindItems(d.evapoItems_); }, L"evapoItems", L"EvapoItems[EvapoItem]")
+          .Done();
+  return t;
+}
+
+#undef V7_DOC
+
+}  // namespace oc
+
+namespace v7::files {
+namespace {
+constexpr unsigned kMsgBadDeclarations = 31037;
+
+// Qualified aliases of the declared top-level members. Aliases of members
+// the document does not hold yet ("fileInfo", "eng", the view state last
+// used) join with those members.
+struct AliasEntry {
+  const wchar_t* alias;
+  const wchar_t* member;
+};
+constexpr AliasEntry kAliases[] = {
+    {L"v7::doc::Analyses", L"analyses"},
+    {L"v7::doc::AssociationsTable", L"anlsAssocs"},
+    {L"doc::BCs", L"boundaryConditions"},
+    {L"doc::Climate", L"climateData"},
+    {L"v7::result::CutLines", L"cutLines"},
+    {L"doc::Coordinates::Page", L"page"},
+    {L"v7::doc::Geometry::MeshConstraintAssoc", L"meshConstraintAssoc"},
+    {L"v7::doc::Geometry::Points", L"points"},
+    {L"v7::doc::Geometry::Lines", L"lines"},
+    {L"v7::doc::Geometry::Regions", L"regions"},
+    {L"doc::Materials", L"hMatlMem"},
+    {L"v7::doc::ConvectiveSurfaces", L"hPipeSurfMem"},
+    {L"doc::ThermoSyphons", L"hThermoMem"},
+    {L"v7::result::ResultSets", L"resultSets"},
+    {L"v7::result::ResultGraphs", L"resultGraphs"},
+    {L"doc::StructuralBarAttributes", L"structuralBarAttributes"},
+    {L"doc::StructuralBeamAttributes", L"structuralBeamAttributes"},
+    {L"v7::doc::Function::Func3Ds", L"func3Ds"},
+    {L"v7::doc::Function::HydKFns", L"HKFns"},
+    {L"v7::doc::Function::HydVolWCFns", L"SFns"},
+    {L"v7::doc::Function::AirKFns", L"AirKFns"},
+    {L"v7::doc::Function::StressCyclicNumFns", L"DCFns"},
+    {L"v7::doc::Function::StressSeedPWPFns", L"DPFns"},
+    {L"v7::doc::Function::StressGReductionFns", L"DGFns"},
+    {L"v7::doc::Function::StressDampingRatioFns", L"DDFns"},
+    {L"v7::doc::Function::StressKAlphaCorrFns", L"DKaFns"},
+    {L"v7::doc::Function::StressKSigmaCorrFns", L"DKsFns"},
+    {L"v7::doc::Function::StressMFSPWPFns", L"MFSPFns"},
+    {L"v7::doc::Function::StressEModulusFns", L"EModFns"},
+    {L"v7::doc::Function::StressGmaxFns", L"GmaxFns"},
+    {L"v7::doc::Function::StressKRedFns", L"KRedFns"},
+    {L"v7::doc::Function::StressTotalEModulusFns", L"TotalEModFns"},
+    {L"v7::doc::Function::StressTotalCohesionFns", L"TotalCFns"},
+    {L"v7::doc::Function::StressRecModulusFns", L"RecModulusFns"},
+    {L"v7::doc::Function::StressAnisoFns", L"AFns"},
+    {L"v7::doc::Function::StressStrengthFns", L"StrengthFns"},
+    {L"v7::doc::Function::ProbFns", L"ProbFns"},
+    {L"v7::doc::Function::WeightFns", L"WeightFns"},
+    {L"v7::doc::Function::CohesionFns", L"CohesionFns"},
+    {L"v7::doc::Function::PhiFns", L"PhiFns"},
+    {L"v7::doc::Function::ThermKFns", L"TKFns"},
+    {L"v7::doc::Function::ThermKTempFns", L"TKTempFns"},
+    {L"v7::doc::Function::ThermUnfrozenWCFns", L"UWCFns"},
+    {L"v7::doc::Function::ThermVolSpecHeatFns", L"VSHFns"},
+    {L"v7::doc::Function::ContamAdsorpFns", L"AdsFns"},
+    {L"v7::doc::Function::ContamDiffusionFns", L"DifFns"},
+    {L"v7::doc::Function::AirBoundFns", L"AirBFns"},
+    {L"v7::doc::Function::HydBoundFns", L"HydBFns"},
+    {L"v7::doc::Function::HydBoundModFns", L"HydMFns"},
+    {L"v7::doc::Function::ThermBoundFns", L"ThermBFns"},
+    {L"v7::doc::Function::ThermBoundModFns", L"ThermMFns"},
+    {L"v7::doc::Function::GasBoundFns", L"GasBFns"},
+    {L"v7::doc::Function::GasBoundModFns", L"GasMFns"},
+    {L"v7::doc::Function::StressBoundFns", L"StressBFns"},
+    {L"v7::doc::Function::ContamBoundFns", L"ConcBFns"},
+    {L"v7::doc::Function::ClimateBoundLeafAreaIndexFns", L"LAIFns"},
+    {L"v7::doc::Function::ClimateBoundPlantMoistLimitFns", L"PMLFns"},
+    {L"v7::doc::Function::ClimateBoundRootDepthFns", L"RDFns"},
+};
+
+gtl::status Register() {
+  auto& reg = oc::OCRegistry::Instance();
+  const oc::RecordType& root = oc::TypeOf<QVDocument>();
+  reg.RegisterOC(root, meta::MetaPersistTraits::TagFromTagName(kDocumentRootTag), {},
+                 kDocumentFormatVersion);
+  for (const AliasEntry& a : kAliases) oc::OCAliasRegistrator(root, {a.alias, a.member});
+  // Lines name their end points: the points are written, and read, first.
+  oc::xml::RegisterPersistanceOrdering(L"GeometryItems.Points", L"GeometryItems.Lines");
+  if (auto s = reg.InitializationComplete(); s.failed())
+    return gtl::status::error(kMsgBadDeclarations, s.message());
+  for (const auto& s : root.DeclarationErrors())
+    if (s.failed()) return gtl::status::error(kMsgBadDeclarations, s.message());
+  return {};
+}
+
+// Declared at library load.
+const gtl::status kRegisteredAtLoad = RegisterDocumentSchema();
+}  // namespace
+
+gtl::status RegisterDocumentSchema() {
+  static const gtl::status result = Register();
+  return result;
+}
+
+oc::IODS DocumentStore(QVDocument& doc) { return oc::IODS{&oc::TypeOf<QVDocument>(), &doc}; }
+
+}  // namespace v7::files

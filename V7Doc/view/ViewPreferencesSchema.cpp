@@ -1,0 +1,29 @@
+// Persisted names of the view preferences and of the page settings.
+#include "OC/Schema.h"
+#include "V7Doc/view/ViewPreferences.h"
+
+namespace oc {
+using namespace v7::v7qvi;
+
+template <>
+const RecordType& TypeOf<ViewPreferences>() {
+  static const RecordType& t = Schema<ViewPreferences>(L"ViewPreferences")
+      .Add(&ViewPreferences::bShowPoints, L"bShowPoints", L"ShowPoints")
+      .Add(&ViewPreferences::bShowMesh, L"bShowMesh", L"Mesh")
+      .Add(&ViewPreferences::bShowAxes, L"bShowAxes", L"ShowAxes")
+      .Add(&ViewPreferences::fFontSize, L"fFontSize", L"FontSize", meta::MetaDataTraits{}.Bounds(1, 1000).Units(L"pt"))
+      .Done();
+  return t;
+}
+
+template <>
+const RecordType& TypeOf<DisplaySettings>() {
+  static const RecordType& t = Schema<DisplaySettings>(L"DisplaySettings")
+      .Add(&DisplaySettings::fPageWidth, L"fPageWidth", L"PageWidth", meta::MetaDataTraits{}.Bounds(0, 1e6).Units(L"in"))
+      .Add(&DisplaySettings::fPageHeight, L"fPageHeight", L"PageHeight", meta::MetaDataTraits{}.Bounds(0, 1e6).Units(L"in"))
+      .Add(&DisplaySettings::fMargin, L"fMargin", L"Margin", meta::MetaDataTraits{}.Bounds(0, 1e6).Units(L"in"))
+      .Done();
+  return t;
+}
+
+}  // namespace oc
