@@ -1,0 +1,44 @@
+#include "tests/V7Doc/files/SampleDocument.h"
+
+namespace v7::testing {
+
+void FillSampleDocument(QVDocument& doc) {
+  doc.DataInit();
+  for (int i = 1; i <= 4; ++i) {
+    ANALYSIS a;
+    a.DataInit(i % 2 ? AnalysisKind::Hydro : AnalysisKind::Stab);
+    a.name = L"Stage " + std::to_wstring(i) + L" <&\"'>";
+    a.parent = i > 1 ? 1 : 0;
+    a.fLambda_ = 0.1 * i;
+    a.TimeInc_.vCustomElapsed = {1.0 / 3.0, 86400.0 * i};
+    a.inputFiles_.pathPWP = v7qvi::analysis::ResultPath(L"C:\\p", L"Stage 1", L"pwp.csv", i);
+    doc.Analyses().Add(a);
+  }
+  doc.Analyses().Delete({2});
+  auto& geo = doc.Geometry();
+  for (int i = 0; i < 4; ++i) geo.Points().Add(Geom::Point{i * 1.5, -0.25 * i});
+  geo.Lines().Add(Geom::Line{1, 2});
+  geo.Lines().Add(Geom::Line{2, 3});
+  geo.Lines().Add(Geom::Line{3, 4});
+  geo.Lines().Delete({2});
+  Geom::Region r;
+  r.pointIDs_ = {1, 2, 3};
+  r.nMaterialID_ = 1;
+  geo.Regions().Add(r);
+  Func2D f(L"Silty sand K", L"drawn", IFn());
+  (void)f.SetFnText(L"Linear(SlopeAfter=0)");
+  f.Points() = {{1, 2, 0}, {3, 4, 0.5}};
+  doc.FunctionList(11)->Add(f);
+  doc.FunctionList(11)->Add(Func2D(L"second", L"", IFn()));
+  doc.FunctionList(11)->Add(Func2D(L"third", L"", IFn()));
+  doc.FunctionList(11)->Delete({2});
+  doc.FunctionList(51)->Add(Func2D(L"Air", L"", IFn::Constant(2.5)));
+  doc.Materials().Add(PendingRecord<4>{L"Clay", false});
+  doc.BCs().Add(PendingRecord<5>{L"Drain", false});
+  doc.StabItems().Get(3).nNumTrials_ = 500;
+  doc.HydroItems().Get(1).vInitialWaterTables_.push_back(WaterTableEntry{L"WT", {1, 2}, {1}, InputDefinition::Define, false});
+  doc.ViewPreferences().fFontSize = 10.5;
+  doc.Contexts().Add(Associations{0, L"ctx"});
+}
+
+}  // namespace v7::testing
