@@ -14,6 +14,14 @@ void FillSampleDocument(QVDocument& doc) {
     a.inputFiles_.pathPWP = v7qvi::analysis::ResultPath(L"C:\\p", L"Stage 1", L"pwp.csv", i);
     doc.Analyses().Add(a);
   }
+  // A transient analysis: its kind's defaults of the nested blocks differ
+  // from the blocks' own, which the writer and reader must agree on.
+  ANALYSIS transient;
+  transient.DataInit(AnalysisKind::Hydro, AnlsMethod::Transient);
+  transient.name = L"Drawdown";
+  transient.TimeInc_.SetIncCount(10);
+  transient.TimeInc_.SetDuration(1);
+  doc.Analyses().Add(transient);
   doc.Analyses().Delete({2});
   auto& geo = doc.Geometry();
   for (int i = 0; i < 4; ++i) geo.Points().Add(Geom::Point{i * 1.5, -0.25 * i});

@@ -1,0 +1,36 @@
+// `qvdoc convert IN OUT`: loads a project and saves it again; OUT ending
+// ".xml" gets the bare document, ".qvz" a package (with IN's result entries
+// when IN is a package too).
+#include <iostream>
+#include <memory>
+
+#include "QVI/str/Convert.h"
+#include "tools/qvdoc/Commands.h"
+#include "tools/qvdoc/DocumentCommon.h"
+
+namespace qvdoc {
+namespace {
+
+void AddConvertCommand(CLI::App& app) {
+  auto* cmd = app.add_subcommand("convert", "Load a project and save it as .qvz or .xml");
+  auto in = std::make_shared<std::string>();
+  auto out = std::make_shared<std::string>();
+  cmd->add_option("IN", *in, "The project or document to read")->required();
+  cmd->add_option("OUT", *out, "The file to write (.qvz or .xml)")->required();
+  cmd->callback([in, out] {
+    v7::QVDocument doc;
+    v7::files::PackageEntries results;
+    LoadOrFail("convert", *in, doc, &results);
+    if (auto s = v7::files::SaveDocument(doc, str::to_wstring(*out), results); s.failed())
+      FailWith("convert", s.message());
+    std::cout << "wrote " << *out;
+    if (v7::files::IsPackagePath(str::to_wstring(*out)) && !results.empty())
+      std::cout << " with " << results.size() << " result files";
+    std::cout << "\n";
+  });
+}
+
+const CommandRegistrar registrar(&AddConvertCommand);
+
+}  // namespace
+}  // namespace qvdoc
