@@ -89,7 +89,7 @@ TEST_F(DocumentFileTest, DeletedRowsKeepIdentifiers) {
     const char* table;
     std::size_t size;
     std::vector<GID> live;
-  } cases[] = {{"analyses", 4, {1, 3, 4}}, {"lines", 3, {1, 3}}, {"HKFns", 3, {1, 3}}};
+  } cases[] = {{"analyses", 5, {1, 3, 4, 5}}, {"lines", 3, {1, 3}}, {"HKFns", 3, {1, 3}}};
   for (const auto& c : cases) {
     SCOPED_TRACE(c.table);
     oc::IOC node;
