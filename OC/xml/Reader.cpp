@@ -158,7 +158,12 @@ class Reader {
     }
     void* field = m.access->Field(rec);
     switch (m.type) {
-      case ValueType::Struct: ReadRecord(m.record(), field, el, false); return;
+      case ValueType::Struct:
+        // The writer skipped the members at the nested type's own defaults,
+        // which may differ from what the enclosing record starts with.
+        m.record().Ops().copy(field, m.record().Prototype());
+        ReadRecord(m.record(), field, el, false);
+        return;
       case ValueType::Array: ReadArray(m, field, el); return;
       case ValueType::Table: ReadTable(m, field, el); return;
       default: return;

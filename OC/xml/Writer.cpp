@@ -56,7 +56,10 @@ class Writer {
       case ValueType::Struct: {
         pugi::xml_node sub = parent.append_child(m.tag_utf8.c_str());
         WriteRecord(m.record(), field, sub);
-        if (!sub.first_child()) parent.remove_child(sub);
+        // Members are skipped at the nested type's defaults, and the reader
+        // starts a present element from those: an empty element is kept when
+        // the value differs from the one the enclosing record starts with.
+        if (!sub.first_child() && m.record().Ops().equal(field, proto)) parent.remove_child(sub);
         return;
       }
       case ValueType::Array: {
