@@ -159,7 +159,7 @@ void WriteSvg(const FnOptions& o, const v7::IFn& fn, const std::vector<double>& 
       << Escape(o.suction ? std::string("Suction") : label(fn->InputParam(), "x")) << (o.logX ? " (log scale)" : "")
       << "</text>\n";
   out << "<text transform=\"translate(20," << (T + H - B) / 2
-      << ") rotate(-90)\" text-anchor=\"middle\">" << Escape(label(fn->OutputParam(), "y"))
+      << ") rotate(-90)\" text-anchor=\"middle\">" << Escape(label(fn->OutputParam(), o.suction ? "Volumetric water content" : "y"))
       << "</text>\n";
   // The curve, broken where the function has no value.
   std::string path;
