@@ -2,16 +2,39 @@
 // must give a function or a status, never a crash or a hang. Whatever was
 // built is then written, re-read, described and evaluated, with a few points
 // handed over when the kind takes them.
+//
+// A current document holds a water-content function (list 14, number 1) and a
+// probability density (list 40, number 1), so that the estimators and the
+// drawn distribution that refer to them by number get past the lookup.
 #include <cstddef>
 #include <cstdint>
 #include <string_view>
 #include <vector>
 
 #include "QVI/str/Convert.h"
+#include "V7Doc/core/QVDocument.h"
 #include "V7Doc/functions/FnDataPoints.h"
 #include "V7Doc/functions/FnImpl.h"
 
+namespace {
+void MakeDocument() {
+  v7::QVDocumentHandle doc(new v7::QVDocument());
+  doc->DataInit();
+  v7::IFn wc, density;
+  (void)v7::FnCreate(L"Van_Genuchten(A=10,N=1.5,SatWC=0.4,ResWC=0.05)", wc);
+  (void)v7::FnCreate(L"Linear()", density);
+  doc->FunctionList(14)->Add(v7::Func2D(L"wc", L"", wc));
+  v7::Func2D d(L"density", L"", density);
+  d.Points() = {{0, 0, 0}, {1, 3, 0}, {2, 0, 0}};
+  (void)d.UpdateFn();
+  doc->FunctionList(40)->Add(d);
+  v7::QVDocumentSetCurrentHandle(doc);
+}
+}  // namespace
+
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  static const bool documentMade = (MakeDocument(), true);
+  (void)documentMade;
   if (size > 4096) return 0;
   const std::wstring text = str::to_wstring(std::string_view(reinterpret_cast<const char*>(data), size));
   v7::IFn fn;

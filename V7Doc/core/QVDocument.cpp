@@ -83,6 +83,7 @@ QVDocument::~QVDocument() = default;
 bool QVDocument::DataInit() {
   if (bInitialized_) containerManager_.Clear();
   view_ = {};
+  eng_ = {};
   display_ = {};
   meshConstraints_.Clear();
   geometry_.Reset();

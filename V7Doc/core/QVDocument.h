@@ -15,6 +15,7 @@
 #include "V7Doc/core/QVContainerManager.h"
 #include "V7Doc/functions/Func2D.h"
 #include "V7Doc/geometry/Geometry.h"
+#include "V7Doc/view/EngSettings.h"
 #include "V7Doc/view/ViewPreferences.h"
 
 namespace v7 {
@@ -89,6 +90,8 @@ class QVDocData : public gtl::handle_ref_counter {
 
   v7qvi::ViewPreferences& ViewPreferences() { return view_; }
   v7qvi::DisplaySettings& DisplaySettings() { return display_; }
+  EngSettings& Eng() { return eng_; }
+  const EngSettings& Eng() const { return eng_; }
 
  protected:
   // The persistence declaration of the document reaches every collection.
@@ -96,6 +99,7 @@ class QVDocData : public gtl::handle_ref_counter {
 
   QVContainerManager containerManager_;
   v7qvi::ViewPreferences view_;
+  EngSettings eng_;  // the project's units ("eng")
   v7qvi::DisplaySettings display_;
   // Session ID -> analysis ID; entry 0 always present and 0.
   std::vector<GID> sessions_{0};

@@ -1,5 +1,10 @@
 // `qvdoc fn "TEXT" --from A --to B`: evaluates a function given as text and
 // prints a two-column table; with --svg it also draws the curve.
+//
+// For water-content functions, whose input is the pore-water pressure,
+// --suction takes the inputs as suctions (evaluating at minus the input), and
+// --conductivity KSAT adds the hydraulic conductivity estimated from the
+// function (FnEstHydK) as a third column, drawn on a logarithmic right axis.
 #include <algorithm>
 #include <cmath>
 #include <cstdio>
@@ -10,7 +15,9 @@
 #include <vector>
 
 #include "QVI/str/Convert.h"
+#include "V7Doc/core/QVDocument.h"
 #include "V7Doc/functions/FnDataPoints.h"
+#include "V7Doc/functions/FnEstHydK.h"
 #include "V7Doc/functions/FnImpl.h"
 #include "tools/qvdoc/Commands.h"
 
@@ -24,6 +31,10 @@ struct FnOptions {
   bool logX = false;
   std::string svg;
   std::string data;
+  bool suction = false;
+  double kSat = 0;          // > 0: estimate the conductivity too
+  std::string hydkMethod = "VanGenuchten";
+  double resWC = 0;
 };
 
 [[noreturn]] void Fail(const std::string& message) {
@@ -83,8 +94,9 @@ std::string Escape(const std::string& s) {
 }
 
 void WriteSvg(const FnOptions& o, const v7::IFn& fn, const std::vector<double>& xs,
-              const std::vector<double>& ys, const std::vector<v7::FnPoint>& data) {
-  const double W = 760, H = 480, L = 80, R = 30, T = 50, B = 60;
+              const std::vector<double>& ys, const std::vector<v7::FnPoint>& data,
+              const std::vector<double>& ks) {
+  const double W = 760, H = 480, L = 80, R = ks.empty() ? 30 : 80, T = 50, B = 60;
   auto fx = [&](double x) { return o.logX ? std::log10(x) : x; };
   double x0 = fx(xs.front()), x1 = fx(xs.back());
   double y0 = qvi::kNoValue, y1 = -qvi::kNoValue;
@@ -144,9 +156,10 @@ void WriteSvg(const FnOptions& o, const v7::IFn& fn, const std::vector<double>& 
     return p == v7::DataParamType::Undefined ? std::string(fallback) : str::to_utf8(meta::ToName(p));
   };
   out << "<text x=\"" << (L + W - R) / 2 << "\" y=\"" << H - 18 << "\" text-anchor=\"middle\">"
-      << Escape(label(fn->InputParam(), "x")) << (o.logX ? " (log scale)" : "") << "</text>\n";
+      << Escape(o.suction ? std::string("Suction") : label(fn->InputParam(), "x")) << (o.logX ? " (log scale)" : "")
+      << "</text>\n";
   out << "<text transform=\"translate(20," << (T + H - B) / 2
-      << ") rotate(-90)\" text-anchor=\"middle\">" << Escape(label(fn->OutputParam(), "y"))
+      << ") rotate(-90)\" text-anchor=\"middle\">" << Escape(label(fn->OutputParam(), o.suction ? "Volumetric water content" : "y"))
       << "</text>\n";
   // The curve, broken where the function has no value.
   std::string path;
@@ -161,6 +174,39 @@ void WriteSvg(const FnOptions& o, const v7::IFn& fn, const std::vector<double>& 
     pen = true;
   }
   out << "<path d=\"" << path << "\" fill=\"none\" stroke=\"#1f5fbf\" stroke-width=\"2\"/>\n";
+  if (!ks.empty()) {
+    // The conductivity on a log10 right axis, whole decades as ticks.
+    double k0 = qvi::kNoValue, k1 = 0;
+    for (double k : ks)
+      if (!qvi::IsNoValue(k) && k > 0) k0 = std::min(k0, k), k1 = std::max(k1, k);
+    if (!qvi::IsNoValue(k0)) {
+      const double d0 = std::floor(std::log10(k0)), d1 = std::max(d0 + 1, std::ceil(std::log10(k1)));
+      auto pk = [&](double k) { return H - B - (std::log10(k) - d0) / (d1 - d0) * (H - T - B); };
+      for (double d = d0; d <= d1; ++d) {
+        std::snprintf(buf, sizeof buf,
+                      "<line x1=\"%g\" y1=\"%.2f\" x2=\"%g\" y2=\"%.2f\" stroke=\"black\"/>"
+                      "<text x=\"%g\" y=\"%.2f\" fill=\"#c0392b\">1e%g</text>\n",
+                      W - R, pk(std::pow(10.0, d)), W - R + 6, pk(std::pow(10.0, d)), W - R + 9,
+                      pk(std::pow(10.0, d)) + 4, d);
+        out << buf;
+      }
+      std::string kpath;
+      bool kpen = false;
+      for (std::size_t i = 0; i < xs.size(); ++i) {
+        if (qvi::IsNoValue(ks[i]) || !(ks[i] > 0)) {
+          kpen = false;
+          continue;
+        }
+        std::snprintf(buf, sizeof buf, "%c%.2f,%.2f ", kpen ? 'L' : 'M', px(xs[i]), pk(ks[i]));
+        kpath += buf;
+        kpen = true;
+      }
+      out << "<path d=\"" << kpath << "\" fill=\"none\" stroke=\"#c0392b\" stroke-width=\"2\" "
+          << "stroke-dasharray=\"6,3\"/>\n"
+          << "<text transform=\"translate(" << W - 12 << "," << (T + H - B) / 2
+          << ") rotate(90)\" text-anchor=\"middle\" fill=\"#c0392b\">Hydraulic conductivity (log scale)</text>\n";
+    }
+  }
   for (const auto& p : data) {
     if (p.x < std::min(o.from, o.to) || p.x > std::max(o.from, o.to) || (o.logX && p.x <= 0)) continue;
     std::snprintf(buf, sizeof buf, "<circle cx=\"%.2f\" cy=\"%.2f\" r=\"3.5\" fill=\"#d04020\"/>\n",
@@ -169,6 +215,30 @@ void WriteSvg(const FnOptions& o, const v7::IFn& fn, const std::vector<double>& 
   }
   out << "</svg>\n";
   if (!out) Fail("cannot write \"" + o.svg + "\"");
+}
+
+// The conductivity estimated from the water-content function `wc` at each
+// suction of `xs`: `wc` becomes function 1 of the water-content list of a
+// scratch document, made current while the estimate is built.
+std::vector<double> EstimateConductivity(const FnOptions& o, const v7::IFn& wc, const std::vector<double>& xs) {
+  if (!o.suction) Fail("--conductivity needs --suction (the inputs are suctions)");
+  const v7::QVDocumentHandle previous = v7::QVDocumentGetCurrentHandle();
+  v7::QVDocumentHandle doc(new v7::QVDocument());
+  doc->DataInit();
+  v7::QVDocumentSetCurrentHandle(doc);
+  doc->FunctionList(14)->Add(v7::Func2D(L"water content", L"", wc));
+  const double lo = std::min(o.from, o.to), hi = std::max(o.from, o.to);
+  const std::wstring text = str::format(L"FnEstHydK(VolWCFnNum=1,HydKSat=%s,HydKEstMethod=%s,Min=%s,Max=%s,NumPoints=%s,ResWC=%s)",
+                                        o.kSat, str::to_wstring(o.hydkMethod), lo, hi, std::min(o.points, 2000), o.resWC);
+  v7::IFn k;
+  gtl::status s = v7::FnCreate(text, k);
+  if (s.succeeded()) s = k.Unshared()->UpdateCalculatedValues();
+  v7::QVDocumentSetCurrentHandle(previous);
+  if (!s.succeeded()) Fail("cannot estimate the conductivity: " + s.message_utf8());
+  std::cout << "# " << str::to_utf8(k.as_wstring()) << "\n";
+  std::vector<double> ks;
+  for (double x : xs) ks.push_back(k(-x));
+  return ks;
 }
 
 void Run(const FnOptions& o) {
@@ -195,18 +265,23 @@ void Run(const FnOptions& o) {
     const double t = static_cast<double>(i) / (o.points - 1);
     xs[i] = o.logX ? std::pow(10.0, std::log10(o.from) + t * (std::log10(o.to) - std::log10(o.from)))
                    : o.from + t * (o.to - o.from);
-    ys[i] = fn(xs[i]);
+    ys[i] = fn(o.suction ? -xs[i] : xs[i]);
   }
+  std::vector<double> ks;
+  if (o.kSat > 0) ks = EstimateConductivity(o, fn, xs);
   std::cout << "# " << str::to_utf8(fn.as_wstring()) << "\n";
   char line[96];
-  std::snprintf(line, sizeof line, "%16s  %16s\n", "x", "y");
+  std::snprintf(line, sizeof line, "%16s  %16s%s\n", o.suction ? "suction" : "x", "y",
+                ks.empty() ? "" : "                 K");
   std::cout << line;
   for (std::size_t i = 0; i < xs.size(); ++i) {
-    std::snprintf(line, sizeof line, "%16s  %16s\n", Number(xs[i]).c_str(), Number(ys[i]).c_str());
+    std::snprintf(line, sizeof line, "%16s  %16s", Number(xs[i]).c_str(), Number(ys[i]).c_str());
     std::cout << line;
+    if (!ks.empty()) std::cout << "  " << std::string(16 - std::min<std::size_t>(16, Number(ks[i]).size()), ' ') << Number(ks[i]);
+    std::cout << "\n";
   }
   if (!o.svg.empty()) {
-    WriteSvg(o, fn, xs, ys, data);
+    WriteSvg(o, fn, xs, ys, data, ks);
     std::cout << "wrote " << o.svg << "\n";
   }
 }
@@ -221,6 +296,14 @@ void AddFnCommand(CLI::App& app) {
   cmd->add_flag("--log-x", o->logX, "Space the inputs evenly in log10 (and plot so)");
   cmd->add_option("--svg", o->svg, "Draw the curve into this SVG file");
   cmd->add_option("--data", o->data, "Points for point-table kinds: \"x,y;x,y;...\"");
+  cmd->add_flag("--suction", o->suction,
+                "The inputs are suctions: evaluate at the pore-water pressure -x (water-content functions)");
+  cmd->add_option("--conductivity", o->kSat,
+                  "Also estimate the hydraulic conductivity from this saturated value (with --suction)");
+  cmd->add_option("--hydk-method", o->hydkMethod, "Conductivity method: VanGenuchten or FredlundXing")
+      ->capture_default_str();
+  cmd->add_option("--res-wc", o->resWC, "Residual water content for the VanGenuchten method")
+      ->capture_default_str();
   cmd->callback([o] { Run(*o); });
 }
 

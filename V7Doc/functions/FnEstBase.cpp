@@ -1,0 +1,72 @@
+#include "V7Doc/functions/FnEstBase.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "QVI/str/Messages.h"
+#include "V7Doc/functions/FnAttrCheck.h"
+
+namespace v7 {
+
+double FnEstBase::Calculate(const double* x, const double*) const {
+  if (IsEmpty() || !x || std::isnan(*x)) return qvi::kNoValue;
+  const double s = *x < 0 ? -*x : 0.0;
+  const auto& pts = Points();
+  if (s <= pts.front().x) return pts.front().y;
+  if (s >= pts.back().x) return pts.back().y;
+  return Linear::operator()(s);
+}
+
+gtl::status FnEstBase::EstimateError(const std::wstring& reason) const {
+  return gtl::status::error(33510, Name(), reason);
+}
+
+std::vector<double> FnEstBase::LogSpaced(double lo, double hi, std::uint32_t n) {
+  std::vector<double> s(n);
+  const double l0 = std::log10(lo), l1 = std::log10(hi);
+  for (std::uint32_t i = 0; i < n; ++i)
+    s[i] = i == 0 ? lo : i + 1 == n ? hi : std::pow(10.0, l0 + (l1 - l0) * i / (n - 1));
+  return s;
+}
+
+gtl::status FnEstBase::UpdateCalculatedValues() {
+  FnDataPoints::points_.clear();
+  OnPointsChanged();
+  if (!(min_ > 0) || !(max_ > min_) || qvi::IsNoValue(max_) || numPoints_ < 2 || numPoints_ > kMaxPoints)
+    return lastError_ = EstimateError(str::format(str::load_wstring(33514), kMaxPoints));
+  const std::vector<double> suctions = LogSpaced(min_, max_, numPoints_);
+  std::vector<double> values;
+  if (gtl::status s = Generate(suctions, values); !s.succeeded()) return lastError_ = s;
+  // Ascending pore-water pressure: from -Max up to -Min.
+  for (std::size_t i = suctions.size(); i-- > 0;) FnDataPoints::points_.push_back({-suctions[i], values[i], 0.0});
+  OnPointsChanged();
+  return lastError_ = {};
+}
+
+void FnEstBase::OnPointsChanged() {
+  std::vector<math::fn::interpolate::Point> table;
+  table.reserve(FnDataPoints::points_.size());
+  bool positive = true;
+  for (const FnPoint& p : FnDataPoints::points_) {
+    if (p.HasMissing() || !(p.x < 0)) continue;  // only suctions have a place on the log axis
+    table.push_back({-p.x, p.y});
+    positive = positive && p.y > 0;
+  }
+  SetLogX(true);
+  SetLogY(LogOutput() && positive);
+  Linear::Assign(table);
+}
+
+bool FnEstBase::ReadRangeAttribute(const FnAttr& a, gtl::status& s) {
+  if (a.Name == L"Min")
+    ReadBounded(a, min_, s, std::numeric_limits<double>::min(), std::numeric_limits<double>::max(), false);
+  else if (a.Name == L"Max")
+    ReadBounded(a, max_, s, std::numeric_limits<double>::min(), std::numeric_limits<double>::max(), false);
+  else if (a.Name == L"NumPoints")
+    ReadBounded(a, numPoints_, s, 2, kMaxPoints);
+  else
+    return false;
+  return true;
+}
+
+}  // namespace v7

@@ -1,0 +1,66 @@
+#pragma once
+// Base of the estimators: functions that generate a point table from a few
+// soil parameters and then interpolate in it.
+//
+// Conventions of every estimator:
+//  - the input is the pore-water pressure (negative is suction), as for the
+//    closed-form soil-water functions; the generated points (DataPoints) are
+//    in that same input, so that a function list can take them as they are;
+//  - the points lie at "NumPoints" suctions spaced evenly in log10 between
+//    "Min" and "Max", and interpolation runs in log10 suction (and in log10
+//    of the output where a kind asks for it: conductivities);
+//  - outside the generated suctions the end values continue flat (pressures
+//    of zero and above take the value at "Min"), as drawn tables do with
+//    slope-0 tails;
+//  - until points have been generated, or after an update that failed, the
+//    value is qvi::kNoValue: a stale table would describe old parameters.
+#include <cstdint>
+#include <vector>
+
+#include "QVI/math/fn/interpolate/Linear.h"
+#include "V7Doc/functions/FnDataPoints.h"
+
+namespace v7 {
+
+class FnEstBase : public FnDataPoints, public math::fn::interpolate::Linear {
+ public:
+  // The largest "NumPoints" accepted (bounds the work of one update).
+  static constexpr std::uint32_t kMaxPoints = 10000;
+
+  using FnImpl::operator();
+  using FnDataPoints::Assign;
+
+  // Interpolates in the generated points; qvi::kNoValue while there are none.
+  double Calculate(const double* x, const double* y) const override;
+  // Regenerates the points from the attributes. On failure the points are
+  // dropped and the status (also kept for LastError) says why.
+  gtl::status UpdateCalculatedValues() override;
+  gtl::status LastError() const override { return lastError_; }
+
+  // Smallest and largest suction of the generated points, and their number.
+  double Min() const { return min_; }
+  double Max() const { return max_; }
+  std::uint32_t NumPoints() const { return numPoints_; }
+
+ protected:
+  // Fills `values` with the estimate at each suction of `suctions`.
+  virtual gtl::status Generate(const std::vector<double>& suctions, std::vector<double>& values) const = 0;
+  // True when the output is interpolated in log10 (all values above zero).
+  virtual bool LogOutput() const { return false; }
+  // Rebuilds the interpolation table from the points.
+  void OnPointsChanged() override;
+
+  // Reads "Min", "Max" or "NumPoints"; false when `a` is none of them.
+  bool ReadRangeAttribute(const FnAttr& a, gtl::status& s);
+  // The error of this estimate with a reason (message 33510).
+  gtl::status EstimateError(const std::wstring& reason) const;
+  // "NumPoints" suctions spaced evenly in log10 from `lo` to `hi`.
+  static std::vector<double> LogSpaced(double lo, double hi, std::uint32_t n);
+
+  double max_ = 1000.0;
+  double min_ = 0.01;
+  std::uint32_t numPoints_ = 20;
+  gtl::status lastError_;
+};
+
+}  // namespace v7

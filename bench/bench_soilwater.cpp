@@ -1,0 +1,114 @@
+// Costs of the soil-water and probability functions, each against a baseline
+// in the same run:
+//  - a Fredlund-Xing curve through IFn against the same formula written
+//    inline (the cost of the framework and of the unset checks);
+//  - a distribution's table lookup against Boost.Math's quantile of the same
+//    normal (what tabulating buys the solver per trial draw);
+//  - a conductivity estimate through IFn against the water-content curve it
+//    came from (interpolation in log-log against a closed form).
+#include <benchmark/benchmark.h>
+
+#include <boost/math/distributions/normal.hpp>
+#include <cmath>
+#include <vector>
+
+#include "V7Doc/core/QVDocument.h"
+#include "V7Doc/functions/FnImpl.h"
+
+namespace {
+
+constexpr int kQueries = 1000;
+
+std::vector<double> Suctions() {
+  std::vector<double> q;
+  for (int i = 0; i < kQueries; ++i) q.push_back(std::pow(10.0, -2 + 7 * std::fmod(i * 0.618033988749895, 1.0)));
+  return q;
+}
+
+std::vector<double> Probabilities() {
+  std::vector<double> q;
+  for (int i = 0; i < kQueries; ++i) q.push_back(0.001 + 0.998 * std::fmod(i * 0.618033988749895, 1.0));
+  return q;
+}
+
+v7::IFn Make(const wchar_t* text) {
+  v7::IFn fn;
+  (void)v7::FnCreate(text, fn);
+  (void)fn.Unshared()->UpdateCalculatedValues();
+  return fn;
+}
+
+void BM_FredXingIFn(benchmark::State& state) {
+  const v7::IFn fn = Make(L"Fredlund_Xing(A=100,N=2,M=1,SatWC=0.45)");
+  const auto q = Suctions();
+  for (auto _ : state)
+    for (double s : q) benchmark::DoNotOptimize(fn(-s));
+  state.SetItemsProcessed(state.iterations() * kQueries);
+}
+
+void BM_FredXingInline(benchmark::State& state) {
+  const auto q = Suctions();
+  // Opaque parameters, so that the compiler cannot fold pow(x, 2) or hoist
+  // the constant logarithm, which the library cannot do either.
+  double a = 100, n = 2, m = 1, ts = 0.45, lim = 1e6;
+  benchmark::DoNotOptimize(a), benchmark::DoNotOptimize(n), benchmark::DoNotOptimize(m);
+  benchmark::DoNotOptimize(ts), benchmark::DoNotOptimize(lim);
+  const double r = 0.003 * lim;
+  for (auto _ : state)
+    for (double s : q) {
+      const double c = 1.0 - std::log1p(s / r) / std::log1p(lim / r);
+      benchmark::DoNotOptimize(ts * c * std::pow(1.0 / std::log(2.718281828459045 + std::pow(s / a, n)), m));
+    }
+  state.SetItemsProcessed(state.iterations() * kQueries);
+}
+
+void BM_NormalTable(benchmark::State& state) {
+  const v7::IFn fn = Make(L"Normal(Mean=10,SD=2,Min=7,Max=15)");
+  const auto q = Probabilities();
+  for (auto _ : state)
+    for (double p : q) benchmark::DoNotOptimize(fn(p));
+  state.SetItemsProcessed(state.iterations() * kQueries);
+}
+
+void BM_NormalBoostQuantile(benchmark::State& state) {
+  const boost::math::normal d(10, 2);
+  const double pl = boost::math::cdf(d, 7.0), pu = boost::math::cdf(d, 15.0);
+  const auto q = Probabilities();
+  for (auto _ : state)
+    for (double p : q) benchmark::DoNotOptimize(boost::math::quantile(d, pl + p * (pu - pl)));
+  state.SetItemsProcessed(state.iterations() * kQueries);
+}
+
+void BM_HydKEstimate(benchmark::State& state) {
+  v7::QVDocumentHandle doc(new v7::QVDocument());
+  doc->DataInit();
+  v7::QVDocumentSetCurrentHandle(doc);
+  doc->FunctionList(14)->Add(v7::Func2D(L"wc", L"", Make(L"Van_Genuchten(A=10,N=1.5,SatWC=0.4,ResWC=0.05)")));
+  const v7::IFn k = Make(L"FnEstHydK(VolWCFnNum=1,HydKSat=1e-5,ResWC=0.05,Max=1e5,NumPoints=50)");
+  const auto q = Suctions();
+  for (auto _ : state)
+    for (double s : q) benchmark::DoNotOptimize(k(-s));
+  state.SetItemsProcessed(state.iterations() * kQueries);
+  v7::QVDocumentSetCurrentHandle(v7::QVDocumentHandle());
+}
+
+void BM_HydKUpdate(benchmark::State& state) {
+  v7::QVDocumentHandle doc(new v7::QVDocument());
+  doc->DataInit();
+  v7::QVDocumentSetCurrentHandle(doc);
+  doc->FunctionList(14)->Add(v7::Func2D(L"wc", L"", Make(L"Fredlund_Xing(A=100,N=2,M=1,SatWC=0.45)")));
+  v7::IFn k = Make(L"FnEstHydK(VolWCFnNum=1,HydKSat=1e-5,HydKEstMethod=FredlundXing)");
+  for (auto _ : state) benchmark::DoNotOptimize(k.Unshared()->UpdateCalculatedValues());
+  v7::QVDocumentSetCurrentHandle(v7::QVDocumentHandle());
+}
+
+BENCHMARK(BM_FredXingIFn);
+BENCHMARK(BM_FredXingInline);
+BENCHMARK(BM_NormalTable);
+BENCHMARK(BM_NormalBoostQuantile);
+BENCHMARK(BM_HydKEstimate);
+BENCHMARK(BM_HydKUpdate);
+
+}  // namespace
+
+BENCHMARK_MAIN();
