@@ -36,7 +36,7 @@ const RecordType& TypeOf<QVDocument>() {
           .AddReach(V7_DOC(view_), L"view", L"View.Preferences")
           .AddReach(V7_DOC(currentResultContour_), L"gidCurrentDefineContour", L"View.CurrentDefineContour")
           .AddReach(V7_DOC(display_), L"page", L"Coordinates.PageCoords")
-          // "eng" (Coordinates.EngCoords) joins here with the engineering settings.
+          .AddReach(V7_DOC(eng_), L"eng", L"Coordinates.EngCoords")
           .AddReach(V7_DOC(geometry_.Points()), L"points", L"GeometryItems.Points[Point]")
           .AddReach(V7_DOC(geometry_.Lines()), L"lines", L"GeometryItems.Lines[Lines]")
           .AddReach(V7_DOC(geometry_.Regions()), L"regions", L"GeometryItems.Regions[Region]")
@@ -116,7 +116,7 @@ namespace {
 constexpr unsigned kMsgBadDeclarations = 31037;
 
 // Qualified aliases of the declared top-level members. Aliases of members
-// the document does not hold yet ("fileInfo", "eng", the view state last
+// the document does not hold yet ("fileInfo", the view state last
 // used) join with those members.
 struct AliasEntry {
   const wchar_t* alias;
@@ -129,6 +129,7 @@ constexpr AliasEntry kAliases[] = {
     {L"doc::Climate", L"climateData"},
     {L"v7::result::CutLines", L"cutLines"},
     {L"doc::Coordinates::Page", L"page"},
+    {L"doc::Coordinates::Eng", L"eng"},
     {L"v7::doc::Geometry::MeshConstraintAssoc", L"meshConstraintAssoc"},
     {L"v7::doc::Geometry::Points", L"points"},
     {L"v7::doc::Geometry::Lines", L"lines"},
