@@ -50,6 +50,8 @@ const double& MATL::fCorrelationCoef(Selector which) const {
 
 double MATL::fMu() const {
   const double phi = Stress_.fnPhiPrime()(qvi::kNoValue);
+  // No friction angle, no coefficient.
+  if (qvi::IsNoValue(phi)) return qvi::kNoValue;
   const double s = std::sin(phi * std::numbers::pi * (1.0 / 180.0));
   return 6.0 * s / (3.0 - s);
 }

@@ -300,6 +300,7 @@ class MATL {
   // The frictional coefficient of the effective friction angle phi' (the
   // far end of fnPhiPrime, degrees): M = 6 sin(phi') / (3 - sin(phi')), the
   // slope of the critical-state line in triaxial compression (Wood, 1990).
+  // qvi::kNoValue when phi' has no value.
   double fMu() const;
 
   // The function number within its table: the record part of `ggid`.

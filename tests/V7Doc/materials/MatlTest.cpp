@@ -99,6 +99,9 @@ TEST(Matl, DerivedValues) {
     EXPECT_NEAR(m.fMu(), c.mu, 1e-12) << "phi' " << c.phi;
   }
 
+  m.Stress().fnPhiPrime() = IFn();  // no friction angle: no coefficient
+  EXPECT_EQ(m.fMu(), qvi::kNoValue);
+
   EXPECT_EQ(MATL::GetFnNumFromGGID(GGID(43, 7), 0), 7u);
 
   // The stability friction angle of an undrained material is zero whatever
