@@ -1,15 +1,52 @@
-// Persisted names of the association records ("Contexts[Context]"). The ID
-// is written by the table itself, so nID_ is not declared.
+// Persisted names of the analysis contexts ("Contexts[Context]") and the
+// association maps they carry. The ID is written by the table itself, so nID_
+// is not declared.
 #include "OC/Schema.h"
 #include "V7Doc/core/Associations.h"
 
 namespace oc {
+using namespace v7;
 
 template <>
-const RecordType& TypeOf<v7::Associations>() {
-  static const RecordType& t = Schema<v7::Associations>(L"Associations")
-      .Add(&v7::Associations::name_, L"name_", L"Name")
-      .Done();
+const RecordType& TypeOf<RegionUsesMaterial>() {
+  using T = RegionUsesMaterial;
+  static const RecordType& t = Schema<T>(L"RegionUsesMaterial")
+                                   .Add(&T::region, L"region", L"RegionID")
+                                   .Add(&T::material, L"material", L"MaterialID")
+                                   .Done();
+  return t;
+}
+
+template <>
+const RecordType& TypeOf<GeometryUsesBC>() {
+  using T = GeometryUsesBC;
+  static const RecordType& t = Schema<T>(L"GeometryUsesBC")
+                                   .Add(&T::container, L"container", L"ContainerID")
+                                   .Add(&T::record, L"record", L"ID")
+                                   .Add(&T::bc, L"bc", L"BCID")
+                                   .Done();
+  return t;
+}
+
+template <>
+const RecordType& TypeOf<Associations>() {
+  using T = Associations;
+  static const RecordType& t =
+      Schema<T>(L"Associations")
+          .Add(&T::name_, L"name_", L"Name")
+          .Add(&T::nAnalysisID_, L"nAnalysisID_", L"AnalysisID")
+          .Add(&T::regionUsesMaterials_, L"regionUsesMaterials_",
+               L"RegionUsesMaterials[RegionUsesMaterial]")
+          .Add(&T::hydBCIDByGGID, L"hydBCIDByGGID", L"GeometryUsesHydraulicBCs[GeometryUsesHydraulicBC]")
+          .Add(&T::airBCIDByGGID, L"airBCIDByGGID", L"GeometryUsesAirBCs[GeometryUsesAirBC]")
+          .Add(&T::thermBCIDByGGID, L"thermBCIDByGGID", L"GeometryUsesThermBCs[GeometryUsesThermBC]")
+          .Add(&T::contamBCIDByGGID, L"contamBCIDByGGID",
+               L"GeometryUsesContaminantBCs[GeometryUsesContaminantBC]")
+          .Add(&T::gasBCIDByGGID, L"gasBCIDByGGID", L"GeometryUsesGasBCs[GeometryUsesGasBC]")
+          .Add(&T::xdispBCIDByGGID, L"xdispBCIDByGGID", L"GeometryUsesXDispBCs[GeometryUsesXDispBC]")
+          .Add(&T::ydispBCIDByGGID, L"ydispBCIDByGGID", L"GeometryUsesYDispBCs[GeometryUsesYDispBC]")
+          .Add(&T::rotBCIDByGGID, L"rotBCIDByGGID", L"GeometryUsesRotBCs[GeometryUsesRotBC]")
+          .Done();
   return t;
 }
 

@@ -38,9 +38,6 @@ using CutLineTable = PendingTable<52>;
 using ResultGraphTable = PendingTable<53>;
 using ResultContourTable = PendingTable<54>;
 using MeshConstraintTable = PendingTable<55>;
-using ClimateDataTable = PendingTable<57>;
-using ThermosyphonTable = PendingTable<58>;
-using ConvectiveSurfaceTable = PendingTable<59>;
 using Func3DTable = PendingTable<68>;
 using ResultSetTable = PendingTable<69>;
 

@@ -15,6 +15,10 @@
 #include "V7Doc/core/QVContainerManager.h"
 #include "V7Doc/functions/Func2D.h"
 #include "V7Doc/geometry/Geometry.h"
+#include "V7Doc/materials/BC.h"
+#include "V7Doc/materials/Climate.h"
+#include "V7Doc/materials/MATLTable.h"
+#include "V7Doc/materials/ThermalSurfaces.h"
 #include "V7Doc/view/EngSettings.h"
 #include "V7Doc/view/ViewPreferences.h"
 
@@ -76,8 +80,17 @@ class QVDocData : public gtl::handle_ref_counter {
   Func2DTable* FunctionList(GID list);
   const Func2DTable* FunctionList(GID list) const;
 
-  PendingTable<4>& Materials() { return materials_; }
-  PendingTable<5>& BCs() { return bcs_; }
+  const AssociationsTable& Contexts() const { return contexts_; }
+  MATLTable& Materials() { return materials_; }
+  const MATLTable& Materials() const { return materials_; }
+  BCTable& BCs() { return bcs_; }
+  const BCTable& BCs() const { return bcs_; }
+  ClimateDataTable& ClimateData() { return climateData_; }
+  const ClimateDataTable& ClimateData() const { return climateData_; }
+  ThermosyphonTable& Thermosyphons() { return thermosyphons_; }
+  const ThermosyphonTable& Thermosyphons() const { return thermosyphons_; }
+  ConvectiveSurfaceTable& ConvectiveSurfaces() { return convectiveSurfaces_; }
+  const ConvectiveSurfaceTable& ConvectiveSurfaces() const { return convectiveSurfaces_; }
   ResultContourTable& ResultContours() { return resultContours_; }
 
   AnalysisDataByAnalysisID<SoluteData>& SoluteItems() { return soluteItems_; }
@@ -85,6 +98,7 @@ class QVDocData : public gtl::handle_ref_counter {
   AnalysisDataByAnalysisID<HydroData>& HydroItems() { return hydroItems_; }
   AnalysisDataByAnalysisID<DeformData>& DeformItems() { return deformItems_; }
   AnalysisDataByAnalysisID<StabData>& StabItems() { return stabItems_; }
+  const AnalysisDataByAnalysisID<StabData>& StabItems() const { return stabItems_; }
   AnalysisDataByAnalysisID<ThermoData>& ThermoItems() { return thermoItems_; }
   AnalysisDataByAnalysisID<EvapoData>& EvapoItems() { return evapoItems_; }
 
@@ -112,8 +126,8 @@ class QVDocData : public gtl::handle_ref_counter {
   std::vector<std::wstring> strings_;
 
   Geom::Geometry geometry_;
-  PendingTable<4> materials_;
-  PendingTable<5> bcs_;
+  MATLTable materials_;
+  BCTable bcs_;
   StructuralBarAttributeTable structuralBarAttributes_;
   StructuralBeamAttributeTable structuralBeamAttributes_;
   ANALYSISTable analyses_;

@@ -19,17 +19,12 @@ const RecordType& PendingType(const wchar_t* name) {
   template <>                      \
   const RecordType& TypeOf<v7::PendingRecord<N>>() { return PendingType<N>(NAME); }
 
-V7_PENDING_SCHEMA(4, L"MATL")
-V7_PENDING_SCHEMA(5, L"BC")
 V7_PENDING_SCHEMA(6, L"StructuralBarAttribute")
 V7_PENDING_SCHEMA(7, L"StructuralBeamAttribute")
 V7_PENDING_SCHEMA(52, L"CutLine")
 V7_PENDING_SCHEMA(53, L"ResultGraph")
 V7_PENDING_SCHEMA(54, L"ResultContour")
 V7_PENDING_SCHEMA(55, L"MeshConstraint")
-V7_PENDING_SCHEMA(57, L"ClimateDataSet")
-V7_PENDING_SCHEMA(58, L"THERMOSYPHON_INFO")
-V7_PENDING_SCHEMA(59, L"ConvectiveSurface")
 V7_PENDING_SCHEMA(68, L"Func3D")
 V7_PENDING_SCHEMA(69, L"ResultSet")
 

@@ -16,7 +16,11 @@ MaterialLookup DocumentMaterials(QVDocData& document) {
     return regions->IsValidID(region) ? regions->At(region).nMaterialID_ : 0;
   };
   auto* materials = &document.Materials();
-  m.hasStabStrength = [materials](GID material) { return materials->IsValidID(material); };
+  m.hasStabStrength = [materials](GID material) {
+    if (!materials->IsValidID(material)) return false;
+    const StabMatlModel model = materials->At(material).StabModel();
+    return model != StabMatlModel::None && model != StabMatlModel::NoStrength;
+  };
   return m;
 }
 

@@ -23,9 +23,8 @@ struct MaterialLookup {
 
 // The material facts of a document: a region's material is its own
 // nMaterialID_, and a material has stability strength when it is a live row
-// of the document's material table. The material records do not carry their
-// stability model yet; until they do, every live material counts as having
-// strength.
+// of the document's material table whose "StabModel" is neither "None" nor
+// "NoStrength".
 MaterialLookup DocumentMaterials(QVDocData& document);
 
 // A function object: called with a region GID, tells whether that region

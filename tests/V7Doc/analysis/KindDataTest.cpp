@@ -23,7 +23,7 @@ struct KindDataInDocument : ::testing::Test {
   void SetUp() override {
     doc.DataInit();
     for (int i = 0; i < 3; ++i) doc.Analyses().Add(ANALYSIS{});
-    for (int i = 0; i < 4; ++i) doc.Materials().Add(PendingRecord<4>{L"m", false});
+    for (int i = 0; i < 4; ++i) doc.Materials().Add(MATL{});
     for (int i = 0; i < 3; ++i) doc.FunctionList(kind_data::kStressBoundFns)->Add(Func2D(L"f"));
     auto& stab = doc.StabItems().Get(2);
     stab.vSurcharges_.push_back({L"fill", 20, {}, 3, VariationType::Linear, false});

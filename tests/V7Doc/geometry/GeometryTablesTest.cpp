@@ -26,7 +26,12 @@ struct Drawing {
     r.nMaterialID_ = 1;
     g.Regions().Add(r);
     g.Surfaces().Add(Surface{L"top", {4, 3}, 1.5, false});
-    doc.Materials().Add(PendingRecord<4>{L"Clay", false});
+    {
+      MATL clay;
+      clay.sDescription() = L"Clay";
+      clay.StabModel() = StabMatlModel::MohrCoulomb;
+      doc.Materials().Add(clay);
+    }
   }
   std::vector<GGID> UsageOf(GID container, GID record) {
     UsageList usage;

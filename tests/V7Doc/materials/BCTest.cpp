@@ -1,0 +1,219 @@
+#include <gtest/gtest.h>
+
+#include "V7Doc/core/QVDocument.h"
+#include "V7Doc/materials/BC.h"
+#include "V7Doc/materials/BoundaryFns.h"
+
+namespace v7 {
+namespace {
+
+IFn Make(FnImpl* f) { return IFn(f); }
+
+TEST(BoundaryFns, TypesFollowTheKindTables) {
+  const struct {
+    IFn fn;
+    std::int32_t type;
+  } cases[] = {
+      {Make(new HydBFnConst(6, 10)), 6},
+      {Make(new HydBFnFunction(8, 1)), 4},   {Make(new HydBFnFunction(9, 1)), 7},
+      {Make(new HydBFnFunction(10, 1)), 2},  {Make(new HydBFnFunction(11, 1)), 3},
+      {Make(new HydBFnFunction(12, 1)), 0},  {Make(new HydBFnClimate(1, 1)), 9},
+      {Make(new HydBFnClimate(0, 1)), 0},    {Make(new AirBFnFunction(5, 1)), 1},
+      {Make(new AirBFnFunction(0, 1)), 0},   {Make(new ThermBFnFunction(23, 1)), 1},
+      {Make(new ThermBFnFunction(25, 1)), 3}, {Make(new ThermBFnFunction(26, 1)), 0},
+      {Make(new ThermBFnClimate(2, 1)), 4},  {Make(new ContamBFnFunction(14, 1)), 6},
+      {Make(new ContamBFnFunction(17, 1)), 4}, {Make(new GasBFnFunction(29, 1)), 3},
+      {Make(new GasBFnClimate(1, 1)), 4},    {Make(new XDispBFnFunction(37, 1)), 8},
+      {Make(new XDispBFnFunction(41, 1)), 9}, {Make(new XDispBFnFunction(32, 1)), 0},
+      {Make(new YDispBFnFunction(32, 1)), 1}, {Make(new YDispBFnFunction(41, 1)), 9},
+      {Make(new YDispBFnFunction(39, 1)), 0}, {Make(new XDispBFnNormTanStress(5, 1)), 7},
+      {Make(new YDispBFnFluidPressure(0)), 9}, {Make(new BFnThermoSyphon(0)), 0},
+      {Make(new BFnPipeSurface(0)), 0},      {IFn::Constant(3), 0},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.fn.as_wstring());
+    EXPECT_EQ(BoundaryTypeOf(c.fn), c.type);
+  }
+  // A displacement function with no function attached: its stored count.
+  auto* noFn = new XDispBFnFunction(31, 0);
+  IFn held(noFn);
+  EXPECT_EQ(noFn->Type(), 0);
+  noFn->SetCount(3);
+  EXPECT_EQ(noFn->Type(), 8);
+}
+
+TEST(BoundaryFns, ThermosyphonAndPipeSurfaceLookUpTheirRecords) {
+  ThermosyphonTable syphons;
+  syphons.Add({L"flux", 1, 1, 1, 1, 0});
+  syphons.Add({L"convective", 1, 1, 1, 1, 2});
+  ConvectiveSurfaceTable surfaces;
+  surfaces.Add({L"pipe", 10, 4, false});
+  surfaces.Add({L"area", 10, 4, true});
+  const struct {
+    GID set;
+    std::int32_t syphon, pipe;
+  } cases[] = {{0, 0, 0}, {1, 5, 7}, {2, 6, 8}, {3, 5, 8}};
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.set);
+    EXPECT_EQ(BFnThermoSyphon(c.set).Type(&syphons), c.syphon);
+    EXPECT_EQ(BFnPipeSurface(c.set).Type(&surfaces), c.pipe);
+  }
+  EXPECT_EQ(BFnThermoSyphon(1).Type(nullptr), 5);
+}
+
+TEST(BoundaryFns, TextRoundTripsPerField) {
+  const struct {
+    DOFType field;
+    const wchar_t* text;
+    std::int32_t type;
+  } cases[] = {
+      {DOFType::Hydraulic, L"Constant(BType=1,Value=10)", 1},
+      {DOFType::Hydraulic, L"Function(BType=8,HydBoundFnNum=3)", 4},
+      {DOFType::Thermal, L"Climate(BType=1,ClimateDataSet=2)", 4},
+      {DOFType::Hydraulic, L"Climate(BType=1,ClimateDataSet=2)", 9},
+      {DOFType::Thermal, L"Function(BType=24,ThermBoundFnNum=1)", 2},
+      {DOFType::XDisp, L"NormTanStress(Norm=100,Tan=5)", 7},
+      {DOFType::YDisp, L"FluidPressure(Value=9.807)", 9},
+      {DOFType::YDisp, L"Function(BType=40,StressBoundFnNum=1,NumPoints=2)", 7},
+      {DOFType::Thermal, L"PipeSurface(ConvSurfDataSet=0)", 0},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.text);
+    IFn fn;
+    ASSERT_TRUE(CreateBoundaryFn(c.field, c.text, fn).succeeded());
+    EXPECT_EQ(fn.as_wstring(), c.text);
+    EXPECT_EQ(BoundaryTypeOf(fn), c.type);
+    EXPECT_EQ(dynamic_cast<const BFnImpl*>(fn.get())->Field(), c.field);
+  }
+  // Bad input gives a status naming the attribute, never a crash.
+  IFn fn;
+  const gtl::status bad = CreateBoundaryFn(DOFType::Hydraulic, L"Constant(BType=x,Value=1)", fn);
+  EXPECT_TRUE(bad.failed());
+  EXPECT_NE(bad.message().find(L"BType"), std::wstring::npos);
+  EXPECT_TRUE(CreateBoundaryFn(DOFType::Hydraulic, L"Nonsense(", fn).failed());
+  EXPECT_TRUE(fn.IsUndefined());
+}
+
+BC Bc(std::initializer_list<std::pair<DOFType, IFn>> slots) {
+  BC bc;
+  bc.name = L"bc";
+  for (const auto& [d, f] : slots) *bc.MutableDOF(d) = f;
+  return bc;
+}
+
+TEST(BC, CategoryAndColourRules) {
+  const std::uint32_t kKeep = 0x123456;
+  const struct {
+    const char* what;
+    BC bc;
+    BCategory category;
+    std::uint32_t colour;
+  } cases[] = {
+      {"empty", Bc({}), BCategory::None, kKeep},
+      {"head", Bc({{DOFType::Hydraulic, Make(new HydBFnConst(1))}}), BCategory::Primary, 0x0000C0},
+      {"flux", Bc({{DOFType::Hydraulic, Make(new HydBFnConst(2))}}), BCategory::Flux, 0xFFC000},
+      {"seepage face", Bc({{DOFType::Hydraulic, Make(new HydBFnConst(10))}}), BCategory::UnitFlux, 0xFF0000},
+      {"hydraulic type 11", Bc({{DOFType::Hydraulic, Make(new HydBFnConst(11))}}), BCategory::None, kKeep},
+      // The first filled slot decides, even with type 0.
+      {"first slot type 0",
+       Bc({{DOFType::Air, Make(new AirBFnConst(0))}, {DOFType::Thermal, Make(new ThermBFnConst(1))}}),
+       BCategory::None, kKeep},
+      {"air 2", Bc({{DOFType::Air, Make(new AirBFnConst(2))}}), BCategory::Primary, 0x0000C0},
+      {"thermal 5", Bc({{DOFType::Thermal, Make(new ThermBFnConst(5))}}), BCategory::Flux, 0xFFC000},
+      {"thermal climate wins",
+       Bc({{DOFType::Hydraulic, Make(new HydBFnConst(1))},
+           {DOFType::Thermal, Make(new ThermBFnClimate(1, 1))},
+           {DOFType::XDisp, Make(new XDispBFnConst(1))}}),
+       BCategory::Primary, 0x008000},
+      {"contaminant 7", Bc({{DOFType::Contaminant, Make(new ContamBFnConst(7))}}), BCategory::Primary, 0x0000C0},
+      {"gas 4", Bc({{DOFType::Gas, Make(new GasBFnConst(4))}}), BCategory::UnitFlux, 0xFF0000},
+      {"rotation 2", Bc({{DOFType::Rotation, Make(new RotBFnConst(2))}}), BCategory::Flux, 0xFFC000},
+      // Displacement slots never decide the category, but do the colour.
+      {"norm-tan stress only", Bc({{DOFType::XDisp, Make(new XDispBFnNormTanStress(1, 0))}}),
+       BCategory::None, 0xFF0000},
+      {"head and x force",
+       Bc({{DOFType::Hydraulic, Make(new HydBFnConst(1))}, {DOFType::XDisp, Make(new XDispBFnConst(2))}}),
+       BCategory::Primary, 0xFFC000},
+      {"y displacement", Bc({{DOFType::YDisp, Make(new YDispBFnConst(1))}}), BCategory::None, 0x0000C0},
+      {"x type 0 keeps, y ignored",
+       Bc({{DOFType::XDisp, Make(new XDispBFnConst(0))}, {DOFType::YDisp, Make(new YDispBFnConst(1))}}),
+       BCategory::None, kKeep},
+      {"x type 11 keeps", Bc({{DOFType::XDisp, Make(new XDispBFnConst(11))}}), BCategory::None, kKeep},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.what);
+    EXPECT_EQ(GetBTypeCategory(c.bc), c.category);
+    BC bc = c.bc;
+    bc.colour = kKeep;
+    SetBCDefaultColour(bc);
+    EXPECT_EQ(bc.colour, c.colour);
+  }
+}
+
+TEST(BC, SlotsTypesAndTombstones) {
+  BC bc;
+  EXPECT_TRUE(IsMissing(bc));
+  EXPECT_TRUE(bc.DOF(static_cast<DOFType>(0)).IsUndefined());
+  EXPECT_TRUE(bc.DOF(static_cast<DOFType>(9)).IsUndefined());
+  const struct {
+    std::initializer_list<DOFType> slots;
+    BC_Type type;
+  } cases[] = {
+      {{}, BC_Type::None},
+      {{DOFType::Hydraulic}, BC_Type::Hydraulic},
+      {{DOFType::Gas}, BC_Type::Gas},
+      {{DOFType::Hydraulic, DOFType::Air}, BC_Type::HydraulicAir},
+      {{DOFType::Hydraulic, DOFType::Thermal}, BC_Type::HydraulicThermal},
+      {{DOFType::XDisp}, BC_Type::Displacement},
+      {{DOFType::YDisp}, BC_Type::Displacement},
+      {{DOFType::XDisp, DOFType::YDisp, DOFType::Rotation}, BC_Type::DisplacementRotation},
+      {{DOFType::Hydraulic, DOFType::XDisp}, BC_Type::None},
+  };
+  for (const auto& c : cases) {
+    BC b;
+    for (DOFType d : c.slots) *b.MutableDOF(d) = IFn::FnOne();
+    EXPECT_EQ(b.BCType(), c.type) << static_cast<int>(c.type);
+    for (DOFType d : c.slots) EXPECT_EQ(b.DOF(d).get(), IFn::FnOne().get());
+  }
+  bc.fnGasBoundary = IFn::FnOne();
+  EXPECT_FALSE(IsMissing(bc));
+  bc.name = L"x";
+  SetMissing(bc);
+  EXPECT_TRUE(IsMissing(bc));
+  EXPECT_TRUE(bc.SetSlot(static_cast<DOFType>(12), L"1").failed());
+}
+
+TEST(BC, GeometryUsesBCsThroughTheContext) {
+  QVDocument doc;
+  doc.DataInit();
+  ANALYSIS a;
+  a.DataInit(AnalysisKind::Hydro);
+  const GID anls = doc.Analyses().Add(a).ID();
+  for (const wchar_t* n : {L"head", L"flux", L"temp"}) {
+    BC bc;
+    bc.name = n;
+    doc.BCs().Add(bc);
+  }
+  Associations& ctx = doc.Contexts().ContextFor(anls);
+  ctx.SetBC(1, GGID(container::Points, 4), 1);
+  ctx.SetBC(1, GGID(container::Lines, 2), 2);
+  ctx.SetBC(3, GGID(container::Lines, 2), 3);
+  ctx.SetBC(9, GGID(container::Lines, 2), 3);  // no such map: ignored
+  EXPECT_EQ(ctx.GetBC(1, GGID(container::Lines, 2)), 2u);
+  EXPECT_EQ(ctx.GetBC(3, GGID(container::Lines, 2)), 3u);
+
+  UsageList usage;
+  doc.ContainerManager().GetUsageOf(container::BCs, usage);
+  ASSERT_EQ(usage.size(), 4u);
+  for (GID b = 1; b <= 3; ++b) EXPECT_EQ(usage[b], std::vector<GGID>{GGID(container::Contexts, 1)});
+
+  doc.BCs().Delete({2});
+  const Associations& after = *doc.Contexts().ContextOf(anls);
+  EXPECT_EQ(after.GetBC(1, GGID(container::Lines, 2)), 0u);
+  EXPECT_EQ(after.GetBC(1, GGID(container::Points, 4)), 1u);
+  doc.ContainerManager().FullCompact();
+  EXPECT_EQ(doc.Contexts().ContextOf(anls)->GetBC(3, GGID(container::Lines, 2)), 2u);
+}
+
+}  // namespace
+}  // namespace v7
