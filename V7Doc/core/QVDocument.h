@@ -15,6 +15,7 @@
 #include "V7Doc/core/QVContainerManager.h"
 #include "V7Doc/functions/Func2D.h"
 #include "V7Doc/geometry/Geometry.h"
+#include "V7Doc/results/ResultTables.h"
 #include "V7Doc/view/ViewPreferences.h"
 
 namespace v7 {
@@ -68,7 +69,10 @@ class QVDocData : public gtl::handle_ref_counter {
 
   PendingTable<4>& Materials() { return materials_; }
   PendingTable<5>& BCs() { return bcs_; }
+  CutLineTable& CutLines() { return cutLines_; }
+  ResultGraphTable& ResultGraphs() { return resultGraphs_; }
   ResultContourTable& ResultContours() { return resultContours_; }
+  ResultSetTable& ResultSets() { return resultSets_; }
 
   AnalysisDataByAnalysisID<SoluteData>& SoluteItems() { return soluteItems_; }
   AnalysisDataByAnalysisID<ShakeData>& ShakeItems() { return shakeItems_; }
