@@ -39,7 +39,7 @@ std::wstring_view Trim(std::wstring_view s) {
 }
 
 std::wstring StepText(std::int32_t step) {
-  return step == v7qvi::analysis::kStepNone ? std::wstring(L"none") : str::to_wstring(step);
+  return step == v7qvi::analysis::kStepNone ? std::wstring(L"any") : str::to_wstring(step);
 }
 
 }  // namespace

@@ -38,6 +38,7 @@ void List(const std::vector<v7::result::ResultEntry>& entries) {
   bool first = true;
   for (const auto& e : entries) {
     if (first || e.analysis != analysis) {
+      if (!first) std::cout << "\n";
       std::cout << "Analysis " << e.analysis << " (folder "
                 << str::to_utf8(v7::qvifile::result::FName(e.analysis)) << "/)\n";
       analysis = e.analysis;
