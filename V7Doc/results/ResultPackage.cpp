@@ -140,7 +140,10 @@ std::string FormatResultTable(const ResultTable& table, std::size_t maxRows) {
     for (std::size_t c = 0; c < table.Columns(); ++c) {
       if (c) out += ',';
       const double v = table.At(r, c);
-      if (v == qvi::kNoValue) continue;
+      // An empty cell reads back as the no-value marker, but a row of one
+      // empty cell would be a blank row, which readers skip: it is written
+      // as the marker's number instead.
+      if (v == qvi::kNoValue && table.Columns() > 1) continue;
       const auto res = std::to_chars(buf, buf + sizeof buf, v);
       out.append(buf, res.ptr);
     }

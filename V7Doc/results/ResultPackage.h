@@ -48,7 +48,8 @@ gtl::status FindResultEntry(const std::vector<ResultEntry>& entries, GID analysi
 
 // The table as comma-separated text: a header of quantity names, then at most
 // `maxRows` rows, numbers in their shortest exact form, the no-value marker
-// as an empty cell (so the text reads back to the same table).
+// as an empty cell (as its number in a one-column table, where an empty cell
+// would make a blank row), so that the text reads back to the same table.
 std::string FormatResultTable(const ResultTable& table, std::size_t maxRows = ResultTable::npos);
 
 }  // namespace v7::result

@@ -69,7 +69,8 @@ class ResultTable {
 };
 
 // Reads the columns `columns` of the table held in `text` into `table`.
-// `file` names the table in messages.
+// `file` names the table in messages. An empty list checks the header only
+// and gives an empty table.
 gtl::status ReadResultTable(std::string_view text, std::wstring_view file,
                             const std::vector<DataParamType>& columns, ResultTable& table);
 

@@ -111,6 +111,13 @@ TEST(ResultPackage, PrintedTableReadsBackTheSame) {
   ASSERT_TRUE(ReadResultTable(text, L"b.csv", cols, back).succeeded()) << text;
   EXPECT_TRUE(back == t) << text;
   EXPECT_EQ(back.At(1, 0), qvi::kNoValue);
+  // A one-column table keeps its no-value rows (an empty row would be skipped).
+  ResultTable one;
+  ASSERT_TRUE(ReadResultTable(csv, L"a.csv", {P::PoreWaterPressure}, one).succeeded());
+  ResultTable oneBack;
+  ASSERT_TRUE(ReadResultTable(FormatResultTable(one), L"b.csv", {P::PoreWaterPressure}, oneBack)
+                  .succeeded());
+  EXPECT_TRUE(oneBack == one) << FormatResultTable(one);
   // A row limit keeps the header.
   EXPECT_EQ(FormatResultTable(t, 1), "PoreWaterPressure,Node,Y\n58.842,1,0\n");
 }
