@@ -2,6 +2,8 @@
 // and that every refusal names the file, the row and the column.
 #include <gtest/gtest.h>
 
+#include <filesystem>
+#include <fstream>
 #include <string>
 #include <vector>
 
@@ -131,6 +133,19 @@ TEST(ResultTableReader, HeaderListsKnownQuantities) {
 }
 
 TEST(ResultTableReader, ReadsFilesAndNamesTheMissingOne) {
+  const auto path = std::filesystem::temp_directory_path() / "qvv7_reader_test_node.csv";
+  {
+    std::ofstream out(path, std::ios::binary);
+    out << "\xEF\xBB\xBFNode,Y,PoreWaterPressure\r\n1,0,58.842\r\n2,10,-39.228\r\n";
+  }
+  ResultTable fromFile;
+  ASSERT_TRUE(ReadResultTableFile(path.wstring(), {P::PoreWaterPressure}, fromFile).succeeded());
+  ASSERT_EQ(fromFile.Rows(), 2u);
+  // u = -9.807 (y - 6): 58.842 at y = 0, -39.228 at y = 10.
+  EXPECT_EQ(fromFile.At(0, 0), 58.842);
+  EXPECT_EQ(fromFile.At(1, 0), -39.228);
+  std::filesystem::remove(path);
+
   ResultTable t;
   const gtl::status s = ReadResultTableFile(L"/nonexistent/dir/node.csv", {P::X}, t);
   EXPECT_EQ(s.id(), result_msg::kCannotRead);
