@@ -34,11 +34,7 @@ using PendingTable = QVContainerTable<PendingRecord<N>>;
 
 using StructuralBarAttributeTable = PendingTable<6>;
 using StructuralBeamAttributeTable = PendingTable<7>;
-using CutLineTable = PendingTable<52>;
-using ResultGraphTable = PendingTable<53>;
-using ResultContourTable = PendingTable<54>;
 using MeshConstraintTable = PendingTable<55>;
 using Func3DTable = PendingTable<68>;
-using ResultSetTable = PendingTable<69>;
 
 }  // namespace v7

@@ -20,6 +20,7 @@
 #include "V7Doc/materials/MATLTable.h"
 #include "V7Doc/materials/ThermalSurfaces.h"
 #include "V7Doc/view/EngSettings.h"
+#include "V7Doc/results/ResultTables.h"
 #include "V7Doc/view/ViewPreferences.h"
 
 namespace v7 {
@@ -91,7 +92,10 @@ class QVDocData : public gtl::handle_ref_counter {
   const ThermosyphonTable& Thermosyphons() const { return thermosyphons_; }
   ConvectiveSurfaceTable& ConvectiveSurfaces() { return convectiveSurfaces_; }
   const ConvectiveSurfaceTable& ConvectiveSurfaces() const { return convectiveSurfaces_; }
+  CutLineTable& CutLines() { return cutLines_; }
+  ResultGraphTable& ResultGraphs() { return resultGraphs_; }
   ResultContourTable& ResultContours() { return resultContours_; }
+  ResultSetTable& ResultSets() { return resultSets_; }
 
   AnalysisDataByAnalysisID<SoluteData>& SoluteItems() { return soluteItems_; }
   AnalysisDataByAnalysisID<ShakeData>& ShakeItems() { return shakeItems_; }

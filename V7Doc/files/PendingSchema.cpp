@@ -21,12 +21,8 @@ const RecordType& PendingType(const wchar_t* name) {
 
 V7_PENDING_SCHEMA(6, L"StructuralBarAttribute")
 V7_PENDING_SCHEMA(7, L"StructuralBeamAttribute")
-V7_PENDING_SCHEMA(52, L"CutLine")
-V7_PENDING_SCHEMA(53, L"ResultGraph")
-V7_PENDING_SCHEMA(54, L"ResultContour")
 V7_PENDING_SCHEMA(55, L"MeshConstraint")
 V7_PENDING_SCHEMA(68, L"Func3D")
-V7_PENDING_SCHEMA(69, L"ResultSet")
 
 #undef V7_PENDING_SCHEMA
 

@@ -41,12 +41,42 @@ void FillSampleDocument(QVDocument& doc) {
   doc.FunctionList(11)->Add(Func2D(L"third", L"", IFn()));
   doc.FunctionList(11)->Delete({2});
   doc.FunctionList(51)->Add(Func2D(L"Air", L"", IFn::Constant(2.5)));
-  doc.Materials().Add(PendingRecord<4>{L"Clay", false});
-  doc.BCs().Add(PendingRecord<5>{L"Drain", false});
+  MATL clay;
+  clay.sDescription() = L"Clay";
+  clay.HydroModel() = HydroMatlModel::SatUnsat;
+  clay.Hydraulic().dHKSat() = 1e-8;
+  clay.StabModel() = StabMatlModel::MohrCoulomb;
+  clay.Stress().fnCohesion() = IFn::Constant(8);
+  clay.Stress().fnPhiPrime() = IFn::Constant(24.5);
+  doc.Materials().Add(clay);
+  doc.Materials().Add(MATL());
+  doc.Materials().Delete({2});
+  BC drain;
+  drain.name = L"Drain";
+  (void)drain.SetSlot(DOFType::Hydraulic, L"Constant(BType=1,Value=42)");
+  SetBCDefaultColour(drain);
+  doc.BCs().Add(drain);
+  CLIMATE_INFO climate;
+  climate.DataInit();
+  climate.wsTitle = L"Week";
+  CLIMATEENTRY day;
+  day.nDay = 1;
+  day.fmaxT = 14.5;
+  climate.hClimateMem.push_back(day);
+  doc.ClimateData().Add(climate);
+  ResultContour contour;
+  contour.eType_ = DataParamType::PoreWaterPressure;
+  contour.fMinLevel_ = -100;
+  doc.ResultContours().Add(contour);
   doc.StabItems().Get(3).nNumTrials_ = 500;
   doc.HydroItems().Get(1).vInitialWaterTables_.push_back(WaterTableEntry{L"WT", {1, 2}, {1}, InputDefinition::Define, false});
   doc.ViewPreferences().fFontSize = 10.5;
-  doc.Contexts().Add(Associations{0, L"ctx"});
+  Associations context;
+  context.name_ = L"ctx";
+  context.nAnalysisID_ = 1;
+  context.regionUsesMaterials_.push_back(RegionUsesMaterial{1, 1});
+  context.hydBCIDByGGID.push_back(GeometryUsesBC{container::Lines, 1, 1});
+  doc.Contexts().Add(context);
 }
 
 }  // namespace v7::testing

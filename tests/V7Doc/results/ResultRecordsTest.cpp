@@ -1,0 +1,235 @@
+// The result-view records: persistence round trips, construction from an
+// analysis, and the references a result set keeps sound in a document.
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "OC/Schema.h"
+#include "OC/xml/XML.h"
+#include "V7Doc/core/QVDocument.h"
+#include "V7Doc/results/ResultTables.h"
+
+namespace v7 {
+namespace {
+
+template <class T>
+std::string Write(T& rec) {
+  std::string xml;
+  EXPECT_TRUE(oc::xml::StringWrite(oc::Store(rec), xml).succeeded());
+  return xml;
+}
+
+// Writes, reads into a default record, and demands equality and the same
+// bytes when written again.
+template <class T>
+void ExpectRoundTrip(T rec) {
+  const std::string xml = Write(rec);
+  T back;
+  oc::xml::ReadReport report;
+  const gtl::status s = oc::xml::StringRead(xml, oc::Store(back), &report);
+  ASSERT_TRUE(s.succeeded()) << s.message_utf8() << "\n" << xml;
+  EXPECT_TRUE(report.messages.empty()) << report.messages[0].message_utf8();
+  EXPECT_TRUE(back == rec) << xml;
+  EXPECT_EQ(Write(back), xml);
+}
+
+TEST(ResultRecords, RoundTripThroughXml) {
+  ExpectRoundTrip(ResultContour{});
+  ResultContour c;
+  c.eType_ = DataParamType::Liquefied;  // an out-of-order value
+  c.fMinLevel_ = -12.5;
+  c.nNumOfLevels_ = 7;
+  c.fLevelIncrement_ = 0.1;  // not exact in binary: must still read back bit-identical
+  c.nStartColor_ = RGBColor(1, 2, 3);
+  c.nEndColor_ = 0xFFFFFFu;
+  c.eShadingMethod_ = ContourShadingMethod::Gradient;
+  c.nShadesPerInterval_ = 4;
+  c.bLabels_ = false;
+  ExpectRoundTrip(c);
+
+  ExpectRoundTrip(ResultGraph{});
+  ResultGraph g;
+  g.SetName(L"Flux <section> & \"toe\"");
+  g.SetIndepParam(DataParamType::Time);
+  g.SetIndepUnit(2);
+  g.SetDepParam(DataParamType::WaterFlux);
+  g.SetDepUnit(1);
+  g.SetTimeSelection(ResultTimeSelection::SelectedTimes);
+  g.SetElapsedTimes({0.0, 86400.0, 1e-9});
+  g.SetSources({GGID(52, 1), GGID(3, 7), GGID(0xFFFFFFFFu, 2)});
+  g.SetPlotSumVsAverage(true);
+  g.SetDampingRatio(0.02);
+  g.SetFrequencyStep(8);
+  ExpectRoundTrip(g);
+
+  ExpectRoundTrip(CutLine{});
+  CutLine cut{L"Crest profile", 10.25, 30.0, 10.25, -5.0, 41};
+  ExpectRoundTrip(cut);
+
+  ExpectRoundTrip(ResultSet{});
+  ResultSet set;
+  set.name_ = L"Drawdown day 5";
+  set.analysis_ = 3;
+  set.nStep_ = 12;
+  set.fElapsedTime_ = 432000.0;
+  set.contour_ = 2;
+  set.bShowMesh_ = false;
+  set.fFontSize_ = 11.5;
+  set.view_ = {-5.0, -10.0, 60.0, 25.0};
+  ExpectRoundTrip(set);
+}
+
+TEST(ResultRecords, PersistedNamesAndDefaults) {
+  struct Case {
+    std::string xml;
+    std::vector<std::string> present, absent;
+  };
+  ResultContour c;
+  c.eType_ = DataParamType::PoreWaterPressure;
+  c.nShadesPerInterval_ = 3;
+  ResultGraph g;
+  g.SetElapsedTimes({1.5});
+  g.SetSources({GGID(52, 4)});
+  ResultSet s;
+  s.view_.fMaxY = 2.0;
+  const Case cases[] = {
+      // Members at their default are not written; enumerations by name.
+      {Write(c), {"<Type>PoreWaterPressure</Type>", "<ShadesPerInterval>3</ShadesPerInterval>"},
+       {"<MinLevel>", "<Labels>", "<StartColor>", "<ShadingMethod>"}},
+      {Write(g),
+       {"<ElapsedTimes>", "<Time>1.5</Time>", "<Sources>", "<ID>", "<Container>52</Container>",
+        "<Record>4</Record>"},
+       {"<DampingRatio>", "<TimeSelection>"}},
+      {Write(s), {"<View>", "<MaxY>2</MaxY>"}, {"<Step>", "<MinX>", "<AnalysisID>"}},
+  };
+  for (const Case& k : cases) {
+    for (const auto& p : k.present) EXPECT_NE(k.xml.find(p), std::string::npos) << p << "\n" << k.xml;
+    for (const auto& a : k.absent) EXPECT_EQ(k.xml.find(a), std::string::npos) << a << "\n" << k.xml;
+  }
+}
+
+// Malformed values fail the read and leave the record as it was; values out
+// of a member's bounds are kept but warned about, naming the member.
+TEST(ResultRecords, BadValuesAreReportedWithTheirPath) {
+  const struct {
+    const char* xml;
+    bool error;
+    const char* what;
+  } cases[] = {
+      {"<ResultContour><NumOfLevels>0</NumOfLevels></ResultContour>", false, "NumOfLevels"},
+      {"<ResultContour><ShadesPerInterval>9999</ShadesPerInterval></ResultContour>", false,
+       "ShadesPerInterval"},
+      {"<ResultContour><MinLevel>abc</MinLevel></ResultContour>", true, "MinLevel"},
+      {"<ResultContour><Type>NoSuchQuantity</Type></ResultContour>", false, "Type"},
+      {"<ResultGraph><DampingRatio>1.5</DampingRatio></ResultGraph>", false, "DampingRatio"},
+      {"<ResultGraph><Sources><ID><Record>x</Record></ID></Sources></ResultGraph>", true,
+       "Record"},
+      {"<CutLine><NumPoints>1</NumPoints></CutLine>", false, "NumPoints"},
+      {"<ResultSet><Step>last</Step></ResultSet>", true, "Step"},
+  };
+  for (const auto& k : cases) {
+    ResultContour contour;
+    ResultGraph graph;
+    CutLine cut;
+    ResultSet set;
+    const std::string xml = k.xml;
+    oc::xml::ReadReport r;
+    gtl::status s;
+    if (xml.starts_with("<ResultContour")) s = oc::xml::StringRead(xml, oc::Store(contour), &r);
+    else if (xml.starts_with("<ResultGraph")) s = oc::xml::StringRead(xml, oc::Store(graph), &r);
+    else if (xml.starts_with("<CutLine")) s = oc::xml::StringRead(xml, oc::Store(cut), &r);
+    else s = oc::xml::StringRead(xml, oc::Store(set), &r);
+    EXPECT_EQ(s.failed(), k.error) << xml;
+    ASSERT_FALSE(r.messages.empty()) << xml;
+    EXPECT_NE(r.messages[0].message_utf8().find(k.what), std::string::npos)
+        << r.messages[0].message_utf8();
+    const bool untouched = contour == ResultContour{} && graph == ResultGraph{} &&
+                           cut == CutLine{} && set == ResultSet{};
+    EXPECT_TRUE(untouched || !k.error) << xml;
+  }
+}
+
+TEST(ResultRecords, BuiltFromAnalysisAndViewAndCleared) {
+  ANALYSIS a;
+  a.DataInit(AnalysisKind::Hydro, AnlsMethod::Transient);
+  a.name = L"Reservoir drawdown";
+  v7qvi::ViewPreferences view;
+  view.bShowMesh = false;
+  view.bShowPoints = true;
+  view.fFontSize = 10.0;
+  const ResultEngCoords window{0, -20, 100, 40};
+  const ResultSet set(4, a, view, window);
+  EXPECT_EQ(set.name_, L"Reservoir drawdown");
+  EXPECT_EQ(set.analysis_, 4u);
+  EXPECT_EQ(set.nStep_, v7qvi::analysis::kStepLast);
+  EXPECT_EQ(set.contour_, 0u);
+  EXPECT_FALSE(set.bShowMesh_);
+  EXPECT_EQ(set.fFontSize_, 10.0);
+  EXPECT_EQ(set.view_, window);
+  EXPECT_FALSE(set == ResultSet{});
+  EXPECT_EQ(ResultSet(4, a, view).view_, ResultEngCoords{});
+
+  ResultGraph g;
+  g.SetName(L"Heads");
+  g.SetDepParam(DataParamType::TotalHead);
+  g.SetSources({GGID(1, 2)});
+  ResultGraph keep = g;
+  keep.Clear(true);
+  EXPECT_EQ(keep.Name(), L"Heads");
+  EXPECT_TRUE(keep.Sources().empty());
+  EXPECT_EQ(keep.DepParam(), DataParamType::Undefined);
+  g.Clear(false);
+  EXPECT_TRUE(g == ResultGraph{});
+
+  // Contour levels: MinLevel + i * LevelIncrement, or no value when unset.
+  ResultContour c;
+  EXPECT_EQ(c.Level(0), qvi::kNoValue);
+  c.fMinLevel_ = -40;
+  c.fLevelIncrement_ = 10;
+  EXPECT_EQ(c.Level(9), 50.0);
+  // Cut lines: 3-4-5 triangle; coincident ends are no line.
+  EXPECT_DOUBLE_EQ((CutLine{L"", 1, 1, 4, 5}.Length()), 5.0);
+  EXPECT_EQ((CutLine{L"", 1, 1, 1, 1}.Length()), qvi::kNoValue);
+  EXPECT_FALSE(CutLine{}.IsDefined());
+}
+
+TEST(ResultRecords, ResultSetsFollowTheirAnalysisAndContour) {
+  QVDocument doc;
+  doc.DataInit();
+  for (int i = 0; i < 3; ++i) doc.Analyses().Add(ANALYSIS{});
+  for (int i = 0; i < 3; ++i) doc.ResultContours().Add(ResultContour{});
+  ResultSet s;
+  s.analysis_ = 3;
+  s.contour_ = 2;
+  doc.ResultSets().Add(s);
+  s.analysis_ = 1;
+  s.contour_ = 3;
+  doc.ResultSets().Add(s);
+  ResultGraph g;
+  g.SetSources({GGID(container::Analyses, 3), GGID(container::CutLines, 1)});
+  doc.ResultGraphs().Add(g);
+
+  // Usage: set 1 and graph 1 use analysis 3; set 2 uses contour 3.
+  UsageList usage;
+  doc.ResultSets().OnGetUsageOf(container::Analyses, usage);
+  doc.ResultGraphs().OnGetUsageOf(container::Analyses, usage);
+  ASSERT_GE(usage.size(), 4u);
+  EXPECT_EQ(usage[3], (std::vector<GGID>{GGID(container::ResultSets, 1),
+                                         GGID(container::ResultGraphs, 1)}));
+  EXPECT_EQ(usage[1], (std::vector<GGID>{GGID(container::ResultSets, 2)}));
+
+  // Deleting analysis 1 clears set 2's reference; compaction renumbers 3 -> 2.
+  doc.Analyses().Delete({1});
+  EXPECT_EQ(doc.ResultSets().At(2).analysis_, 0u);
+  doc.ResultContours().Delete({1});
+  doc.ContainerManager().FullCompact();
+  EXPECT_EQ(doc.ResultSets().At(1).analysis_, 2u);
+  EXPECT_EQ(doc.ResultSets().At(1).contour_, 1u);
+  EXPECT_EQ(doc.ResultSets().At(2).contour_, 2u);
+  doc.ResultContours().Delete({2});
+  EXPECT_EQ(doc.ResultSets().At(2).contour_, 0u);
+  EXPECT_EQ(doc.ResultSets().At(1).contour_, 1u);
+}
+
+}  // namespace
+}  // namespace v7
