@@ -5,27 +5,15 @@
 namespace v7 {
 
 ResultSet::ResultSet(GID analysisID, const ANALYSIS& analysis, const v7qvi::ViewPreferences& view,
-                     const ResultEngCoords& eng)
+                     const EngSettings& eng)
     : name_(analysis.name),
       analysis_(analysisID),
       bShowMesh_(view.bShowMesh),
       bShowPoints_(view.bShowPoints),
       fFontSize_(view.fFontSize),
-      view_(eng) {}
+      view_(eng.Window()) {}
 
 }  // namespace v7
-
-template <>
-const oc::RecordType& oc::TypeOf<v7::ResultEngCoords>() {
-  using v7::ResultEngCoords;
-  static const RecordType& t = Schema<ResultEngCoords>(L"ResultEngCoords")
-                                   .Add(&ResultEngCoords::fMinX, L"fMinX", L"MinX")
-                                   .Add(&ResultEngCoords::fMinY, L"fMinY", L"MinY")
-                                   .Add(&ResultEngCoords::fMaxX, L"fMaxX", L"MaxX")
-                                   .Add(&ResultEngCoords::fMaxY, L"fMaxY", L"MaxY")
-                                   .Done();
-  return t;
-}
 
 template <>
 const oc::RecordType& oc::TypeOf<v7::ResultSet>() {

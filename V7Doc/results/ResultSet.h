@@ -22,6 +22,7 @@
 #include "V7Doc/analysis/ANALYSIS.h"
 #include "V7Doc/analysis/ResultInfo.h"
 #include "V7Doc/core/GID.h"
+#include "V7Doc/view/EngSettings.h"
 #include "V7Doc/view/ViewPreferences.h"
 
 namespace oc {
@@ -32,26 +33,14 @@ const RecordType& TypeOf();
 
 namespace v7 {
 
-// The part of the engineering coordinates a result set keeps: the window of
-// the model shown, in engineering units. Filled from the document's
-// engineering settings by whoever builds the set; the default (no values) is
-// "the whole model".
-struct ResultEngCoords {
-  double fMinX = qvi::kNoValue;
-  double fMinY = qvi::kNoValue;
-  double fMaxX = qvi::kNoValue;
-  double fMaxY = qvi::kNoValue;
-  friend bool operator==(const ResultEngCoords&, const ResultEngCoords&) = default;
-};
-
 struct ResultSet {
   // An empty set: no analysis, the last step, no contour.
   ResultSet() = default;
   // The set that first shows the results of analysis `analysisID`: named
   // after it, at its last saved step, drawn as the view preferences say, in
-  // the window `eng`.
+  // the window of the engineering coordinates `eng`.
   ResultSet(GID analysisID, const ANALYSIS& analysis, const v7qvi::ViewPreferences& view,
-            const ResultEngCoords& eng = {});
+            const EngSettings& eng = {});
 
   std::wstring name_;
   GID analysis_ = 0;
@@ -61,7 +50,7 @@ struct ResultSet {
   bool bShowMesh_ = true;
   bool bShowPoints_ = true;
   double fFontSize_ = 8.0;
-  ResultEngCoords view_;
+  EngWindow view_;
   bool bDeleted_ = false;  // tombstone of the table slot, not persisted
 
   friend bool operator==(const ResultSet&, const ResultSet&) = default;
@@ -75,7 +64,5 @@ inline void SetMissing(ResultSet& r) {
 
 }  // namespace v7
 
-template <>
-const oc::RecordType& oc::TypeOf<v7::ResultEngCoords>();
 template <>
 const oc::RecordType& oc::TypeOf<v7::ResultSet>();

@@ -103,7 +103,7 @@ bool ShowResults(DemoContext& c) {
   contour.fLevelIncrement_ = 10;
   contour.nNumOfLevels_ = 10;
   const GID contourID = doc.ResultContours().Add(contour).ID();
-  v7::ResultSet set(analysis, a, doc.ViewPreferences());
+  v7::ResultSet set(analysis, a, doc.ViewPreferences(), doc.Eng());
   set.contour_ = contourID;
   set.nStep_ = kSteadyStep;
   const GID setID = doc.ResultSets().Add(set).ID();

@@ -157,8 +157,10 @@ TEST(ResultRecords, BuiltFromAnalysisAndViewAndCleared) {
   view.bShowMesh = false;
   view.bShowPoints = true;
   view.fFontSize = 10.0;
-  const ResultEngCoords window{0, -20, 100, 40};
-  const ResultSet set(4, a, view, window);
+  const EngWindow window{0, -20, 100, 40};
+  EngSettings eng;
+  eng.SetWindow(window);
+  const ResultSet set(4, a, view, eng);
   EXPECT_EQ(set.name_, L"Reservoir drawdown");
   EXPECT_EQ(set.analysis_, 4u);
   EXPECT_EQ(set.nStep_, v7qvi::analysis::kStepLast);
@@ -167,7 +169,7 @@ TEST(ResultRecords, BuiltFromAnalysisAndViewAndCleared) {
   EXPECT_EQ(set.fFontSize_, 10.0);
   EXPECT_EQ(set.view_, window);
   EXPECT_FALSE(set == ResultSet{});
-  EXPECT_EQ(ResultSet(4, a, view).view_, ResultEngCoords{});
+  EXPECT_EQ(ResultSet(4, a, view).view_, EngWindow{});
 
   ResultGraph g;
   g.SetName(L"Heads");
