@@ -7,7 +7,6 @@
 #include <cstdint>
 #include <string>
 
-#include "OC/Path.h"
 #include "OC/Schema.h"
 #include "OC/xml/XML.h"
 
@@ -107,21 +106,6 @@ TEST(FixedArray, ReadsFewerAndRefusesMore) {
     EXPECT_EQ(cell.ids, c.ids);
     EXPECT_EQ(cell.corners[1], c.second);
   }
-}
-
-TEST(FixedArray, PathsStopAtTheLength) {
-  Cell c;
-  c.ids = {5, 6, 7, 8};
-  oc::IOC n;
-  ASSERT_TRUE(oc::Find(oc::Store(c), L"ids[3]", n).succeeded());
-  ASSERT_TRUE(n.Set(std::int64_t{42}).succeeded());
-  EXPECT_EQ(c.ids[3], 42);
-  EXPECT_TRUE(n.Set(std::int64_t{1001}).failed());  // the bounds hold per element
-  EXPECT_TRUE(oc::Find(oc::Store(c), L"ids[4]", n).failed());
-  ASSERT_TRUE(oc::Find(oc::Store(c), L"ids", n).succeeded());
-  EXPECT_EQ(n.Length(), 4u);
-  EXPECT_TRUE(oc::IsArray(n));
-  ASSERT_TRUE(oc::Find(oc::Store(c), L"Shape.Corners[1].Y", n).succeeded());
 }
 
 }  // namespace
