@@ -55,6 +55,18 @@ class SequenceOps {
   virtual bool Equal(const void* a, const void* b) const = 0;
   virtual void Copy(void* dst, const void* src) const = 0;
   virtual void Move(void* dst, void* src) const = 0;
+  // The most elements the collection holds (a fixed-length array); a read
+  // that finds more is an error naming the collection.
+  virtual std::size_t MaxSize() const { return static_cast<std::size_t>(-1); }
+  // Called once a read has filled the collection with `read` elements: a
+  // collection with an order of its own (a key map) restores it here. A
+  // warning or error says what had to be changed; the reader reports it with
+  // the collection's path and line.
+  virtual gtl::status Finish(void* seq, std::size_t read) const {
+    (void)seq;
+    (void)read;
+    return {};
+  }
 };
 
 // Operations on an identified record table. IDs are one-based slots.

@@ -14,11 +14,16 @@
 // std::uint32_t (GID), std::int64_t, double, std::wstring, an enumeration
 // with a meta::EnumTable, a nested record (declared with its own TypeOf), a
 // std::vector of records or values, or an identified record table
-// (QVContainerTable). Collections take a collection name, "Points[Point]".
+// (QVContainerTable), a fixed-length std::array of records or values, or a
+// key map (QVContainerAssoc). Collections take a collection name,
+// "Points[Point]".
 // A table persists each record's ID itself: do not declare a stored ID
 // member of the record.
 //
 // Only the thin typed adapters live here; the work is done by compiled code.
+#include <array>
+#include <concepts>
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <string>
@@ -77,6 +82,25 @@ template <class M>
 struct IsVector : std::false_type {};
 template <class X, class A>
 struct IsVector<std::vector<X, A>> : std::true_type {};
+
+template <class M>
+struct IsStdArray : std::false_type {};
+template <class X, std::size_t N>
+struct IsStdArray<std::array<X, N>> : std::true_type {};
+
+// A map kept as a vector of (key, value) pairs sorted by unique key, which
+// hands its vector out for a read and sorts it again afterwards.
+template <class M>
+concept KeyValueMap = requires(M t, const M ct) {
+  typename M::value_type::first_type;
+  typename M::value_type::second_type;
+  t.MutableEntries();
+  { t.Normalize() } -> std::same_as<std::size_t>;
+  ct.Size();
+};
+
+// The warning a key map gives when a read brought keys twice (or key 0).
+gtl::status DroppedKeysWarning(std::size_t dropped);
 
 template <class T>
 RecordOps OpsOf() {
@@ -161,6 +185,54 @@ class VectorOps final : public SequenceOps {
   }
 };
 
+// A fixed-length array is written like a vector of its N elements. Its
+// length cannot change: resizing to 0 (the start of a read) puts every
+// element back to its default, so that a file listing fewer elements leaves
+// the rest at their default; any other size leaves the elements as they
+// are. Reading more than N elements is refused by the reader (MaxSize).
+template <class Arr>
+class FixedArrayOps final : public SequenceOps {
+ public:
+  std::size_t Size(const void*) const override { return std::tuple_size_v<Arr>; }
+  void Resize(void* s, std::size_t n) const override {
+    if (n == 0) static_cast<Arr*>(s)->fill(typename Arr::value_type{});
+  }
+  void* At(void* s, std::size_t i) const override { return &(*static_cast<Arr*>(s))[i]; }
+  bool Equal(const void* a, const void* b) const override {
+    return *static_cast<const Arr*>(a) == *static_cast<const Arr*>(b);
+  }
+  void Copy(void* d, const void* s) const override {
+    *static_cast<Arr*>(d) = *static_cast<const Arr*>(s);
+  }
+  void Move(void* d, void* s) const override {
+    *static_cast<Arr*>(d) = std::move(*static_cast<Arr*>(s));
+  }
+  std::size_t MaxSize() const override { return std::tuple_size_v<Arr>; }
+};
+
+// A key map is a collection of its (key, value) entries in key order; a
+// read fills the entries as listed and then sorts them, the last of a
+// repeated key winning, as Insert would have done.
+template <class Map>
+class KeyValueOps final : public SequenceOps {
+  static auto& Entries(void* s) { return static_cast<Map*>(s)->MutableEntries(); }
+  static const auto& Entries(const void* s) {
+    return const_cast<Map*>(static_cast<const Map*>(s))->MutableEntries();
+  }
+
+ public:
+  std::size_t Size(const void* s) const override { return Entries(s).size(); }
+  void Resize(void* s, std::size_t n) const override { Entries(s).resize(n); }
+  void* At(void* s, std::size_t i) const override { return &Entries(s)[i]; }
+  bool Equal(const void* a, const void* b) const override { return Entries(a) == Entries(b); }
+  // Entries only: the key container a map is registered with stays its own.
+  void Copy(void* d, const void* s) const override { Entries(d) = Entries(s); }
+  void Move(void* d, void* s) const override { Entries(d) = std::move(Entries(s)); }
+  gtl::status Finish(void* s, std::size_t) const override {
+    return DroppedKeysWarning(static_cast<Map*>(s)->Normalize());
+  }
+};
+
 template <class Table>
 class TableAdapter final : public TableOps {
   using T = typename Table::value_type;
@@ -242,11 +314,15 @@ class Schema {
       m->type = ValueType::Table;
       m->record = &TypeOf<typename M::value_type>;
       m->table = std::make_unique<detail::TableAdapter<M>>();
-    } else if constexpr (detail::IsVector<M>::value) {
+    } else if constexpr (detail::IsVector<M>::value || detail::IsStdArray<M>::value ||
+                         detail::KeyValueMap<M>) {
       using X = typename M::value_type;
       static_assert(!std::is_same_v<X, bool>, "std::vector<bool> has no addressable elements");
       m->type = ValueType::Array;
-      m->seq = std::make_unique<detail::VectorOps<M>>();
+      if constexpr (detail::IsVector<M>::value) m->seq = std::make_unique<detail::VectorOps<M>>();
+      else if constexpr (detail::IsStdArray<M>::value)
+        m->seq = std::make_unique<detail::FixedArrayOps<M>>();
+      else m->seq = std::make_unique<detail::KeyValueOps<M>>();
       if constexpr (detail::kIsScalar<X>) {
         m->element_type = detail::ScalarTypeOf<X>();
         m->traits.enum_table = detail::EnumTableOf<X>();

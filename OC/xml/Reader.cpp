@@ -30,6 +30,8 @@ constexpr unsigned kMsgTooDeep = 31014;
 constexpr unsigned kMsgMissingID = 31015;
 constexpr unsigned kMsgDeletedOnRead = 31017;
 constexpr unsigned kMsgRefusedValue = 31032;
+constexpr unsigned kMsgAt = 31040;
+constexpr unsigned kMsgTooManyElements = 31042;
 
 // Elements deeper than this are refused: a declaration tree is far
 // shallower, and recursion must stay bounded on hostile input.
@@ -153,6 +155,8 @@ class Reader {
         ReadValue(m, m.type, el, box.Slot(m.type));
         if (auto s = m.access->Store(rec, box.Slot(m.type)); s.failed())
           err_.ReportError(gtl::status::error(kMsgRefusedValue, s.message(), Where(), Line(el)));
+        else if (s.is_warning())
+          err_.ReportError(gtl::status::warning(kMsgAt, s.message(), Where(), Line(el)));
       }
       return;
     }
@@ -180,6 +184,10 @@ class Reader {
         Unknown(c);
         continue;
       }
+      if (n == m.seq->MaxSize()) {
+        err_.ReportError(gtl::status::error(kMsgTooManyElements, static_cast<unsigned long long>(n), Where(), Line(c)));
+        break;
+      }
       m.seq->Resize(vec, n + 1);
       stack_.push_back({nullptr, n, true});
       void* item = m.seq->At(vec, n);
@@ -188,6 +196,8 @@ class Reader {
       stack_.pop_back();
       ++n;
     }
+    if (auto s = m.seq->Finish(vec, n); !s.succeeded())
+      err_.ReportError(gtl::status(kMsgAt, {s.message(), Where(), Line(el)}, s.level()));
   }
 
   void ReadTable(const Member& m, void* table, pugi::xml_node el) {

@@ -7,6 +7,20 @@
 namespace oc {
 using namespace v7;
 
+// One entry of a GID-to-GID key map (QVContainerAssoc<GID>). The key is
+// read-only by path: the map is kept sorted by it, so an entry changes its
+// key by being erased and inserted again.
+template <>
+const RecordType& TypeOf<std::pair<GID, GID>>() {
+  using T = std::pair<GID, GID>;
+  static const RecordType& t =
+      Schema<T>(L"GIDByGID")
+          .Add(&T::first, L"first", L"Key", meta::MetaDataTraits{}.Flag(meta::MetaDataTraits::ReadOnly))
+          .Add(&T::second, L"second", L"Value")
+          .Done();
+  return t;
+}
+
 template <>
 const RecordType& TypeOf<RegionUsesMaterial>() {
   using T = RegionUsesMaterial;

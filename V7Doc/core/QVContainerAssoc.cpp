@@ -22,6 +22,21 @@ typename QVContainerAssoc<V>::iterator QVContainerAssoc<V>::Insert(const GID& ke
 }
 
 template <class V>
+std::size_t QVContainerAssoc<V>::Normalize() {
+  const std::size_t before = entries_.size();
+  std::stable_sort(entries_.begin(), entries_.end(),
+                   [](const value_type& a, const value_type& b) { return a.first < b.first; });
+  // Walk backwards so that the last of each run of equal keys survives.
+  storage_type kept;
+  kept.reserve(entries_.size());
+  for (auto it = entries_.rbegin(); it != entries_.rend(); ++it)
+    if (it->first != 0 && (kept.empty() || kept.back().first != it->first)) kept.push_back(*it);
+  std::reverse(kept.begin(), kept.end());
+  entries_ = std::move(kept);
+  return before - entries_.size();
+}
+
+template <class V>
 typename QVContainerAssoc<V>::iterator QVContainerAssoc<V>::Find(const GID& key) {
   auto it = LowerBound(entries_, key);
   return it != entries_.end() && it->first == key ? it : entries_.end();

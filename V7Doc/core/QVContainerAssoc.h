@@ -41,6 +41,14 @@ class QVContainerAssoc : public IQVContainer {
 
   std::size_t Size() const { return entries_.size(); }
   bool IsEmpty() const { return entries_.empty(); }
+  // The stored entries, for a reader that refills them in bulk; it must call
+  // Normalize() afterwards.
+  storage_type& MutableEntries() { return entries_; }
+  // Restores key order after a bulk refill: a stable sort by key, then of
+  // each repeated key only the last entry is kept (as repeated Insert calls
+  // would), and entries with key 0 (no record) are dropped. Returns how many
+  // entries were dropped.
+  std::size_t Normalize();
   void Clear() override { entries_.clear(); }
 
   // The container whose records the keys are.

@@ -108,6 +108,9 @@ class QVDocData : public gtl::handle_ref_counter {
 
   v7qvi::ViewPreferences& ViewPreferences() { return view_; }
   v7qvi::DisplaySettings& DisplaySettings() { return display_; }
+  // Sketch text ID -> the analysis that owns it exclusively.
+  QVContainerAssoc<GID>& ExclusiveAnlsIDBySkTextID() { return anlsIDBySkTextID_; }
+  const QVContainerAssoc<GID>& ExclusiveAnlsIDBySkTextID() const { return anlsIDBySkTextID_; }
   EngSettings& Eng() { return eng_; }
   const EngSettings& Eng() const { return eng_; }
 

@@ -42,12 +42,17 @@ const RecordType& TypeOf<QVDocument>() {
           .AddReach(V7_DOC(geometry_.Regions()), L"regions", L"GeometryItems.Regions[Region]")
           .AddReach(V7_DOC(geometry_.Surfaces()), L"surface", L"GeometryItems.Surfaces[Surface]")
           .AddReach(V7_DOC(meshConstraints_), L"meshConstraintAssoc", L"GeometryItems.Mesh.Constraints[GGID]")
+          .AddReach(V7_DOC(geometry_.Mesh().Nodes()), L"hNodeMem", L"Items.Nodes[N]")
+          .AddReach(V7_DOC(geometry_.Mesh().Elements()), L"hElemMem", L"MeshItems.Elements[EL]")
+          .AddReach(V7_DOC(geometry_.Mesh().Elements1D()), L"elem1Ds", L"MeshItems.Elements1D[EL1D]")
+          .AddReach(V7_DOC(geometry_.Mesh().NodePairs()), L"hNodePairMem", L"MeshItems.NodePairs[NodePair]")
           .AddReach(V7_DOC(materials_), L"hMatlMem", L"Materials[Material]")
           .AddReach(V7_DOC(bcs_), L"boundaryConditions", L"BCs[BC]")
           .AddReach(V7_DOC(structuralBarAttributes_), L"structuralBarAttributes", L"BarAttributes[BarAttribute]")
           .AddReach(V7_DOC(structuralBeamAttributes_), L"structuralBeamAttributes", L"BeamAttributes[BeamAttribute]")
           .AddReach(V7_DOC(analyses_), L"analyses", L"Analyses[Analysis]")
           .AddReach(V7_DOC(contexts_), L"anlsAssocs", L"Contexts[Context]")
+          .AddReach(V7_DOC(anlsIDBySkTextID_), L"exclusiveAnlsIDbySkTextID", L"AnalysisUsesSketchTexts[AnalysisUsesSketchText]")
           .AddReach(&FnList<11>, L"HKFns", L"Functions.Material.Hydraulic.KFns[KFn]")
           .AddReach(&FnList<12>, L"TKTempFns", L"Functions.Material.Thermal.KFnTemps[KFnTemp]")
           .AddReach(&FnList<13>, L"DifFns", L"Functions.Material.Contaminant.DiffusionFns[DiffusionFn]")
@@ -142,6 +147,7 @@ constexpr AliasEntry kAliases[] = {
     {L"doc::StructuralBarAttributes", L"structuralBarAttributes"},
     {L"doc::StructuralBeamAttributes", L"structuralBeamAttributes"},
     {L"v7::doc::Function::Func3Ds", L"func3Ds"},
+    {L"v7::doc::ExclAnlsIDbySkTxt", L"exclusiveAnlsIDbySkTextID"},
     {L"v7::doc::Function::HydKFns", L"HKFns"},
     {L"v7::doc::Function::HydVolWCFns", L"SFns"},
     {L"v7::doc::Function::AirKFns", L"AirKFns"},

@@ -66,12 +66,23 @@ void Mesh2D::Validate(std::vector<gtl::status>& problems) const {
     auto s = CheckElement(e.anNodes_, 2, e.nIntegrationOrder_, nodes_.size(), i + 1, true);
     if (!s.succeeded()) problems.push_back(std::move(s));
   }
+  constexpr unsigned kMsgBadNodePair = 31044;
+  for (std::size_t i = 0; i < nodePairs_.size(); ++i) {
+    const NodePair& p = nodePairs_[i];
+    const auto known = [&](std::int32_t n) {
+      return n >= 1 && static_cast<std::size_t>(n) <= nodes_.size();
+    };
+    if (!known(p.nNode1_) || !known(p.nNode2_) || p.nNode1_ == p.nNode2_)
+      problems.push_back(
+          gtl::status::error(kMsgBadNodePair, i + 1, p.nNode1_, p.nNode2_, nodes_.size()));
+  }
 }
 
 void Mesh2D::Clear() {
   nodes_.clear();
   elems_.clear();
   elems1D_.clear();
+  nodePairs_.clear();
 }
 
 bool IsKnownIntegrationOrder(int corners, int order) {

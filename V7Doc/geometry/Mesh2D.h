@@ -1,7 +1,8 @@
 #pragma once
 // The finite-element mesh of the document: nodes ("Items.Nodes[N]"), plane
 // elements ("MeshItems.Elements[EL]") and line elements
-// ("MeshItems.Elements1D[EL1D]"). Node and element numbers are one-based
+// ("MeshItems.Elements1D[EL1D]") and node pairs ("MeshItems.NodePairs[NodePair]").
+// Node and element numbers are one-based
 // positions in their lists; a node number of 0 means "no node".
 #include <array>
 #include <cstdint>
@@ -47,6 +48,14 @@ struct ELEM1D {
   friend bool operator==(const ELEM1D&, const ELEM1D&) = default;
 };
 
+// Two nodes at one place that the mesh keeps apart (the two faces of an
+// interface or a crack) but that a solver may tie together.
+struct NodePair {
+  std::int32_t nNode1_ = 0;
+  std::int32_t nNode2_ = 0;
+  friend bool operator==(const NodePair&, const NodePair&) = default;
+};
+
 namespace Geom {
 
 class Mesh2D {
@@ -63,25 +72,31 @@ class Mesh2D {
   const std::vector<ELEM>& Elements() const { return elems_; }
   std::vector<ELEM1D>& Elements1D() { return elems1D_; }
   const std::vector<ELEM1D>& Elements1D() const { return elems1D_; }
+  std::vector<NodePair>& NodePairs() { return nodePairs_; }
+  const std::vector<NodePair>& NodePairs() const { return nodePairs_; }
 
   // Corner coordinates of element `e` (one-based) into xy; returns the
   // corner count (3 or 4), or 0 when e is not a plane element of the mesh or
   // names a node that is not in it.
   int ElemCorners(std::int32_t e, double xy[4][2]) const;
 
-  // Checks every element's node numbers and integration order; appends one
-  // status per fault, naming the element (validation never fails).
+  // Checks every element's node numbers and integration order, and that
+  // both nodes of every pair exist and differ; appends one status per fault,
+  // naming the element or pair (validation never fails).
   void Validate(std::vector<gtl::status>& problems) const;
 
   // Empties the mesh.
   void Clear();
-  bool IsEmpty() const { return nodes_.empty() && elems_.empty() && elems1D_.empty(); }
+  bool IsEmpty() const {
+    return nodes_.empty() && elems_.empty() && elems1D_.empty() && nodePairs_.empty();
+  }
   friend bool operator==(const Mesh2D&, const Mesh2D&) = default;
 
  private:
   std::vector<NODE> nodes_;
   std::vector<ELEM> elems_;
   std::vector<ELEM1D> elems1D_;
+  std::vector<NodePair> nodePairs_;
 };
 
 // Whether `order` Gauss points is a rule known for a plane element with

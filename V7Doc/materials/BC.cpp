@@ -1,5 +1,6 @@
 #include "V7Doc/materials/BC.h"
 
+#include "V7Doc/functions/FnConst.h"
 #include "V7Doc/materials/BoundaryFns.h"
 #include "V7Doc/materials/RecordMembers.h"
 
@@ -74,6 +75,17 @@ gtl::status BC::SetSlot(DOFType slot, const std::wstring& text) {
   gtl::status s = CreateBoundaryFn(slot, text, *f);
   if (!s.succeeded() && f->IsUndefined() && !text.empty()) SetFnMemberText(*f, text);
   return s;
+}
+
+gtl::status BC::SetSlotKeepingText(DOFType slot, const std::wstring& text) {
+  const gtl::status s = SetSlot(slot, text);
+  if (s.succeeded()) return s;
+  IFn* f = MutableDOF(slot);
+  if (!f) return s;
+  // A kind whose attributes partly failed would be written back with only
+  // the attributes it read: keep the whole text instead.
+  if (!text.empty() && f->as_wstring() != text) *f = IFn(new FnUndefinedType(text));
+  return FnTextKeptWarning(text, s);
 }
 
 bool IsMissing(const BC& bc) {

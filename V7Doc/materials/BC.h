@@ -53,10 +53,14 @@ class BC {
   std::wstring SlotText() const {
     return DOF(D).as_wstring();
   }
+  // The persisted setter of slot D: a text that builds no boundary function
+  // is kept as written (undefined, so that saving writes it back) and the
+  // warning names the text and the error.
   template <DOFType D>
-  void SetSlotText(const std::wstring& text) {
-    SetSlot(D, text);
+  gtl::status SetSlotText(const std::wstring& text) {
+    return SetSlotKeepingText(D, text);
   }
+  gtl::status SetSlotKeepingText(DOFType slot, const std::wstring& text);
   // Sets slot `slot` from its text; the status of building the function.
   gtl::status SetSlot(DOFType slot, const std::wstring& text);
 

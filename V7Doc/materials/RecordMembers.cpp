@@ -6,9 +6,19 @@ namespace v7 {
 
 std::wstring FnMemberText(const IFn& fn) { return fn.as_wstring(); }
 
-void SetFnMemberText(IFn& fn, const std::wstring& text) {
-  if (FnCreate(text, fn).succeeded()) return;
+namespace {
+constexpr unsigned kMsgFnTextKept = 31043;
+}  // namespace
+
+gtl::status FnTextKeptWarning(const std::wstring& text, const gtl::status& error) {
+  return gtl::status::warning(kMsgFnTextKept, text, error.message());
+}
+
+gtl::status SetFnMemberText(IFn& fn, const std::wstring& text) {
+  const gtl::status s = FnCreate(text, fn);
+  if (s.succeeded()) return {};
   fn = IFn(new FnUndefinedType(text));
+  return FnTextKeptWarning(text, s);
 }
 
 }  // namespace v7

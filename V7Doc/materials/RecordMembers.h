@@ -20,8 +20,12 @@ namespace v7 {
 std::wstring FnMemberText(const IFn& fn);
 // Rebuilds a function member from its text. A text that does not build a
 // function is kept inside an undefined function, so that it is written back
-// unchanged rather than lost.
-void SetFnMemberText(IFn& fn, const std::wstring& text);
+// unchanged rather than lost, and a warning names the text and the error
+// (a reader reports it with the member's path and line).
+gtl::status SetFnMemberText(IFn& fn, const std::wstring& text);
+// The warning for a function text kept as written although building it
+// failed with `error`.
+gtl::status FnTextKeptWarning(const std::wstring& text, const gtl::status& error);
 }  // namespace v7
 
 // Inside record T: the getter/setter pair that persists the IFn member F as
@@ -32,6 +36,6 @@ void SetFnMemberText(IFn& fn, const std::wstring& text);
     return ::v7::FnMemberText(this->*F);                                       \
   }                                                                            \
   template <::v7::IFn T::*F>                                                   \
-  void SetFnText(const std::wstring& text) {                                   \
-    ::v7::SetFnMemberText(this->*F, text);                                     \
+  ::gtl::status SetFnText(const std::wstring& text) {                          \
+    return ::v7::SetFnMemberText(this->*F, text);                              \
   }

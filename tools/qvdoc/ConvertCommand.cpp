@@ -5,6 +5,7 @@
 #include <memory>
 
 #include "QVI/str/Convert.h"
+#include "V7Doc/files/DocumentEdit.h"
 #include "tools/qvdoc/Commands.h"
 #include "tools/qvdoc/DocumentCommon.h"
 
@@ -18,14 +19,15 @@ void AddConvertCommand(CLI::App& app) {
   cmd->add_option("IN", *in, "The project or document to read")->required();
   cmd->add_option("OUT", *out, "The file to write (.qvz or .xml)")->required();
   cmd->callback([in, out] {
-    v7::QVDocument doc;
-    v7::files::PackageEntries results;
-    LoadOrFail("convert", *in, doc, &results);
-    if (auto s = v7::files::SaveDocument(doc, str::to_wstring(*out), results); s.failed())
-      FailWith("convert", s.message());
+    std::size_t written = 0;
+    std::vector<gtl::status> warnings;
+    const gtl::status s =
+        v7::files::ConvertFile(str::to_wstring(*in), str::to_wstring(*out), &written, &warnings);
+    for (const auto& w : warnings)
+      std::cerr << "qvdoc convert: warning: " << str::to_utf8(w.message()) << "\n";
+    if (s.failed()) FailWith("convert", s.message());
     std::cout << "wrote " << *out;
-    if (v7::files::IsPackagePath(str::to_wstring(*out)) && !results.empty())
-      std::cout << " with " << results.size() << " result files";
+    if (written) std::cout << " with " << written << " result files";
     std::cout << "\n";
   });
 }

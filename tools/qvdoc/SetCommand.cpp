@@ -3,9 +3,8 @@
 #include <iostream>
 #include <memory>
 
-#include "OC/Path.h"
 #include "QVI/str/Convert.h"
-#include "V7Doc/files/DocumentSchema.h"
+#include "V7Doc/files/DocumentEdit.h"
 #include "tools/qvdoc/Commands.h"
 #include "tools/qvdoc/DocumentCommon.h"
 
@@ -21,16 +20,14 @@ void AddSetCommand(CLI::App& app) {
   cmd->add_option("PATH", *path, "The value's path, e.g. analyses[1].Name")->required();
   cmd->add_option("VALUE", *value, "The new value, as text")->required();
   cmd->callback([file, path, value] {
-    v7::QVDocument doc;
-    v7::files::PackageEntries results;
-    LoadOrFail("set", *file, doc, &results);
-    oc::IOC node;
-    if (auto s = oc::Find(v7::files::DocumentStore(doc), str::to_wstring(*path), node); s.failed())
-      FailWith("set", s.message());
-    if (auto s = node.Set(str::to_wstring(*value)); s.failed()) FailWith("set", s.message());
-    if (auto s = v7::files::SaveDocument(doc, str::to_wstring(*file), results); s.failed())
-      FailWith("set", s.message());
-    std::cout << *path << " = " << str::to_utf8(oc::PrettyPrintValue(node)) << "\n";
+    v7::files::SetReport report;
+    const gtl::status s =
+        v7::files::SetValueInFile(str::to_wstring(*file), str::to_wstring(*path),
+                                  str::to_wstring(*value), &report);
+    for (const auto& w : report.warnings)
+      std::cerr << "qvdoc set: warning: " << str::to_utf8(w.message()) << "\n";
+    if (s.failed()) FailWith("set", s.message());
+    std::cout << *path << " = " << str::to_utf8(report.value) << "\n";
   });
 }
 

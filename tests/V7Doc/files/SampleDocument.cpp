@@ -33,6 +33,18 @@ void FillSampleDocument(QVDocument& doc) {
   r.pointIDs_ = {1, 2, 3};
   r.nMaterialID_ = 1;
   geo.Regions().Add(r);
+  // A mesh with an emptied element and line element between live ones:
+  // their numbers must survive a reload.
+  auto& mesh = geo.Mesh();
+  for (int i = 0; i < 6; ++i) mesh.AddNode(i % 3 * 1.0, i / 3 * 0.1 - 1e-300);
+  mesh.AddElement(ELEM{{1, 2, 5, 4, 0, 0, 0, 0}, 1, 4});
+  mesh.AddElement(ELEM{});
+  mesh.AddElement(ELEM{{2, 3, 6, 0, 0, 0, 0, 0}, 1, 3});
+  mesh.AddElement1D(ELEM1D{});
+  mesh.AddElement1D(ELEM1D{{1, 2, 0, 0, 0, 0, 0, 0}, 1, 2});
+  mesh.NodePairs().push_back(NodePair{2, 5});
+  doc.ExclusiveAnlsIDBySkTextID().Insert(7, 1);
+  doc.ExclusiveAnlsIDBySkTextID().Insert(3, 3);
   Func2D f(L"Silty sand K", L"drawn", IFn());
   (void)f.SetFnText(L"Linear(SlopeAfter=0)");
   f.Points() = {{1, 2, 0}, {3, 4, 0.5}};

@@ -1,0 +1,50 @@
+#include "V7Doc/files/DocumentEdit.h"
+
+#include "OC/Path.h"
+#include "V7Doc/core/QVDocument.h"
+#include "V7Doc/files/DocumentFile.h"
+#include "V7Doc/files/DocumentSchema.h"
+
+namespace v7::files {
+namespace {
+constexpr unsigned kMsgNotAValue = 31045;
+}  // namespace
+
+gtl::status SetValueInFile(const std::wstring& file, const std::wstring& path,
+                           const std::wstring& text, SetReport* report) {
+  SetReport local;
+  SetReport& r = report ? *report : local;
+  r = SetReport{};
+  QVDocument doc;
+  PackageEntries results;
+  LoadReport loaded;
+  if (auto s = LoadDocument(file, doc, &results, &loaded); s.failed()) return s;
+  r.warnings = std::move(loaded.warnings);
+  oc::IOC node;
+  if (auto s = oc::Find(DocumentStore(doc), path, node); s.failed()) return s;
+  // A record or a collection has no text of its own to set.
+  if (oc::IsArray(node) || node.Type() == oc::ValueType::Struct)
+    return gtl::status::error(kMsgNotAValue, path, file);
+  const gtl::status set = node.Set(text);
+  if (set.failed()) return set;
+  if (set.is_warning()) r.warnings.push_back(set);
+  if (auto s = SaveDocument(doc, file, results); s.failed()) return s;
+  r.value = oc::PrettyPrintValue(node);
+  return {};
+}
+
+gtl::status ConvertFile(const std::wstring& in, const std::wstring& out, std::size_t* written,
+                        std::vector<gtl::status>* warnings) {
+  QVDocument doc;
+  PackageEntries results;
+  LoadReport loaded;
+  if (auto s = LoadDocument(in, doc, &results, &loaded); s.failed()) return s;
+  if (warnings) *warnings = std::move(loaded.warnings);
+  const bool package = IsPackagePath(out);
+  if (!package) results.clear();
+  if (auto s = SaveDocument(doc, out, results); s.failed()) return s;
+  if (written) *written = results.size();
+  return {};
+}
+
+}  // namespace v7::files
