@@ -10,6 +10,7 @@
 // child is written, so that a wrapper whose members are all at their
 // defaults leaves no trace.
 #include <charconv>
+#include <cstring>
 #include <string_view>
 #include <unordered_map>
 #include <vector>
@@ -36,7 +37,7 @@ class Writer {
     AppendEscapedAttribute(root_attributes_, version);
     root_attributes_ += '"';
     Begin(root_tag, &root_attributes_);
-    WriteGroup(type.Layout(), rec);
+    WriteRecord(PlanOf(type), rec);
     End(true);
     out_ += '\n';
   }
@@ -166,39 +167,102 @@ class Writer {
     CloseLeaf(tag);
   }
 
-  void WriteRecord(const RecordType& type, const void* rec) { WriteGroup(type.Layout(), rec); }
+  // A record type's layout flattened into the steps a write takes, built
+  // once per type and write: the hot loop then reads one small contiguous
+  // array per record instead of chasing member declarations and calling
+  // through accessors for every value.
+  struct Step {
+    enum Op : std::uint8_t { OpenGroup, CloseGroup, Value, Complex } op;
+    ValueType type = ValueType::Struct;
+    bool fixed = false;            // Value: the field lies at `offset` in the record
+    std::ptrdiff_t offset = 0;
+    const Member* m = nullptr;     // Value, Complex
+    const TagNode* node = nullptr; // OpenGroup
+    const void* def = nullptr;     // Value: the default
+    mutable const std::vector<Step>* sub = nullptr;  // Complex of records: their plan, once known
+  };
+  using Plan = std::vector<Step>;
 
-  void WriteGroup(const TagNode& group, const void* rec) {
+  const Plan& PlanOf(const RecordType& type) {
+    auto [it, fresh] = plans_.try_emplace(&type);
+    if (fresh) BuildPlan(type.Layout(), static_cast<const char*>(type.Prototype()), it->second);
+    return it->second;
+  }
+
+  static void BuildPlan(const TagNode& group, const char* proto, Plan& plan) {
     for (const auto& child : group.children) {
-      if (child->member) {
-        WriteMember(*child->member, rec);
+      const Member* m = child->member;
+      if (!m) {
+        plan.push_back({Step::OpenGroup});
+        plan.back().node = child.get();
+        BuildPlan(*child, proto, plan);
+        plan.push_back({Step::CloseGroup});
         continue;
       }
-      Begin(child->tag);
-      WriteGroup(*child, rec);
-      End(false);
+      if (m->traits.IsLegacy()) continue;
+      Step st{IsScalar(m->type) ? Step::Value : Step::Complex};
+      st.type = m->type;
+      st.m = m;
+      if (st.op == Step::Value) {
+        st.def = m->def.Slot(m->type);
+        st.fixed = m->access->IsFixedOffset();
+        if (st.fixed)
+          st.offset = static_cast<const char*>(m->access->Field(const_cast<char*>(proto))) - proto;
+      }
+      plan.push_back(st);
     }
   }
 
-  void WriteMember(const Member& m, const void* rec) {
-    if (m.traits.IsLegacy()) return;
-    void* mrec = const_cast<void*>(rec);
-    if (IsScalar(m.type)) {
-      const void* value = m.access->Field(mrec);
-      if (!value) {
-        m.access->Load(rec, box_.Slot(m.type));
-        value = box_.Slot(m.type);
-      }
-      if (ScalarEqual(m.type, value, m.def.Slot(m.type))) return;
-      WriteLeaf(m.tag_utf8, m.type, m.traits.enum_table, value);
-      return;
+  // ScalarEqual without the call: doubles and integers by bit pattern.
+  static bool SameValue(ValueType type, const void* a, const void* b) {
+    switch (type) {
+      case ValueType::Bool: return *static_cast<const bool*>(a) == *static_cast<const bool*>(b);
+      case ValueType::Int32:
+      case ValueType::UInt32:
+      case ValueType::Enum: return std::memcmp(a, b, 4) == 0;
+      case ValueType::Int64:
+      case ValueType::Double: return std::memcmp(a, b, 8) == 0;
+      default: return ScalarEqual(type, a, b);
     }
-    void* field = m.access->Field(mrec);
+  }
+
+  const Plan& SubPlan(const Step& st) {
+    if (!st.sub) st.sub = &PlanOf(st.m->record());
+    return *st.sub;
+  }
+
+  void WriteRecord(const Plan& plan, const void* rec) {
+    const char* base = static_cast<const char*>(rec);
+    for (const Step& st : plan) {
+      switch (st.op) {
+        case Step::OpenGroup: Begin(st.node->tag); break;
+        case Step::CloseGroup: End(false); break;
+        case Step::Value: {
+          const void* value = base + st.offset;
+          if (!st.fixed) {
+            value = st.m->access->Field(const_cast<char*>(base));
+            if (!value) {
+              st.m->access->Load(rec, box_.Slot(st.type));
+              value = box_.Slot(st.type);
+            }
+          }
+          if (!SameValue(st.type, value, st.def))
+            WriteLeaf(st.m->tag_utf8, st.type, st.m->traits.enum_table, value);
+          break;
+        }
+        case Step::Complex: WriteComplex(st, rec); break;
+      }
+    }
+  }
+
+  void WriteComplex(const Step& st, const void* rec) {
+    const Member& m = *st.m;
+    void* field = m.access->Field(const_cast<void*>(rec));
     const void* proto = m.access->Field(const_cast<void*>(m.owner->Prototype()));
     switch (m.type) {
       case ValueType::Struct: {
         Begin(m.tag_utf8);
-        WriteRecord(m.record(), field);
+        WriteRecord(SubPlan(st), field);
         // Members are skipped at the nested type's defaults, and the reader
         // starts a present element from those: an empty element is kept when
         // the value differs from the one the enclosing record starts with.
@@ -216,7 +280,7 @@ class Writer {
           const void* item = m.seq->At(field, i);
           if (m.element_type == ValueType::Struct) {
             Begin(m.element_tag_utf8);
-            WriteRecord(m.record(), item);
+            WriteRecord(SubPlan(st), item);
             End(true);
           } else {
             WriteLeaf(m.element_tag_utf8, m.element_type, m.traits.enum_table, item);
@@ -232,7 +296,7 @@ class Writer {
           if (!m.table->IsLive(field, id)) continue;
           Begin(m.element_tag_utf8);
           WriteLeaf("ID", ValueType::UInt32, nullptr, &id);
-          WriteRecord(m.record(), m.table->At(field, id));
+          WriteRecord(SubPlan(st), m.table->At(field, id));
           End(true);
         }
         End(false);  // a table without live records is not written
@@ -248,6 +312,7 @@ class Writer {
   std::string root_attributes_;
   std::string utf8_;  // scratch: one text value in UTF-8 before escaping
   ScalarBox box_;     // scratch: the value of a getter/setter member
+  std::unordered_map<const RecordType*, Plan> plans_;  // element references stay valid
   std::unordered_map<const meta::MetaEnumCommon*, std::vector<std::pair<std::int32_t, std::string>>>
       enum_names_;
 };
