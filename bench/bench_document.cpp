@@ -11,6 +11,17 @@
 // load: the parsed tree and the new document; for a save: the text and any
 // scratch). The process-wide ru_maxrss would only report the largest
 // benchmark run so far. Where the peak cannot be reset the counter is -1.
+//
+// Figures (median CPU time of 5, 16.0 MB of XML, a 2-core machine shared
+// with other builds, so single figures vary by a third; ratios are to the
+// pugixml baseline of the same run):
+//   before (writer built a pugixml DOM and saved it):
+//     load 51-61 ms = 4.9-5.8x parse (10.3 ms); save 76-79 ms = 5.1-5.4x
+//     pugixml save (14-15 ms); peak delta: load 96 MiB (parse 60 MiB),
+//     save 93 MiB (pugixml save 32 MiB).
+//   after (text written directly, layouts flattened into steps):
+//     save 40-51 ms = 2.5-2.7x pugixml save; peak delta 47 MiB (the text
+//     and its growth). Load unchanged: 59-71 ms = 4.4-5.4x parse, 96 MiB.
 #include <benchmark/benchmark.h>
 #include <malloc.h>
 #include <pugixml.hpp>
