@@ -33,6 +33,9 @@ class Accessor {
   virtual ~Accessor() = default;
   // The member's storage inside `rec`; nullptr for getter/setter members.
   virtual void* Field(void* rec) const = 0;
+  // True when Field is the same offset into every record of the type (a
+  // plain data member), so that hot loops may add the offset themselves.
+  virtual bool IsFixedOffset() const { return false; }
   // Getter/setter members: copies the value to and from a value of the
   // storage type (see ScalarBox).
   virtual void Load(const void* rec, void* value) const { (void)rec; (void)value; }

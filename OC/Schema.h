@@ -120,6 +120,7 @@ class FieldAccess final : public Accessor {
  public:
   explicit FieldAccess(M T::*field) : field_(field) {}
   void* Field(void* rec) const override { return &(static_cast<T*>(rec)->*field_); }
+  bool IsFixedOffset() const override { return true; }
 
  private:
   M T::*field_;

@@ -1,12 +1,26 @@
 // Writing follows the layout of each record type: wrapper elements appear
 // where some member below them is written, members at their default are
 // left out, collections are written whole.
-#include <pugixml.hpp>
+//
+// The text is produced straight into the output string, with the layout a
+// pugixml DOM saved with a two-space indent has (declaration line, one
+// element per line, text inline, "<Tag />" for an empty element): building
+// that DOM first and serialising it cost more than twice the time and held
+// the whole tree in memory. An element is opened lazily, when its first
+// child is written, so that a wrapper whose members are all at their
+// defaults leaves no trace.
+#include <charconv>
+#include <cstring>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
 
 #include "OC/OCError.h"
 #include "OC/Registry.h"
 #include "OC/package/AtomicFile.h"
 #include "OC/xml/XML.h"
+#include "OC/xml/XmlText.h"
+#include "QVI/meta/MetaEnumCommon.h"
 #include "QVI/str/Convert.h"
 
 namespace oc::xml {
@@ -14,52 +28,246 @@ namespace {
 
 class Writer {
  public:
-  void WriteRecord(const RecordType& type, const void* rec, pugi::xml_node el) {
-    WriteGroup(type.Layout(), rec, el);
+  explicit Writer(std::string& out) : out_(out) {}
+
+  void WriteDocument(std::string_view root_tag, std::string_view version, const RecordType& type,
+                     const void* rec) {
+    out_ += "<?xml version=\"1.0\"?>\n";
+    root_attributes_ = " Version=\"";
+    AppendEscapedAttribute(root_attributes_, version);
+    root_attributes_ += '"';
+    Begin(root_tag, &root_attributes_);
+    WriteRecord(PlanOf(type), rec);
+    End(true);
+    out_ += '\n';
   }
 
  private:
-  void WriteGroup(const TagNode& group, const void* rec, pugi::xml_node el) {
+  // An element whose start tag may not be written yet.
+  struct Open {
+    std::string_view tag;
+    const std::string* attributes;  // already escaped, with leading blanks; or nullptr
+  };
+
+  // Line break and two blanks per level before an element; the root
+  // follows the declaration line directly.
+  void Indent(std::size_t depth) {
+    if (depth == 0) return;
+    out_ += '\n';
+    out_.append(2 * depth, ' ');
+  }
+
+  void StartTag(const Open& o) {
+    out_ += '<';
+    out_ += o.tag;
+    if (o.attributes) out_ += *o.attributes;
+  }
+
+  void Begin(std::string_view tag, const std::string* attributes = nullptr) {
+    open_.push_back({tag, attributes});
+  }
+
+  // Writes the start tags still pending, outermost first, up to `depth`.
+  void FlushTo(std::size_t depth) {
+    for (; written_ < depth; ++written_) {
+      Indent(written_);
+      StartTag(open_[written_]);
+      out_ += '>';
+    }
+  }
+
+  // Closes the innermost element. One that got no child is dropped, or
+  // written empty when `keep_empty`.
+  void End(bool keep_empty) {
+    const std::size_t depth = open_.size() - 1;
+    if (written_ == open_.size()) {
+      out_ += '\n';  // the root's end tag too goes on a line of its own
+      out_.append(2 * depth, ' ');
+      out_ += "</";
+      out_ += open_.back().tag;
+      out_ += '>';
+      --written_;
+    } else if (keep_empty) {
+      FlushTo(depth);
+      Indent(depth);
+      StartTag(open_.back());
+      out_ += " />";
+    }
+    open_.pop_back();
+  }
+
+  // Starts a leaf element `<tag>`; its text follows, then CloseLeaf.
+  void OpenLeaf(std::string_view tag) {
+    FlushTo(open_.size());
+    Indent(open_.size());
+    out_ += '<';
+    out_ += tag;
+    out_ += '>';
+  }
+  void CloseLeaf(std::string_view tag) {
+    out_ += "</";
+    out_ += tag;
+    out_ += '>';
+  }
+
+  template <class N>
+  void AppendNumber(N v) {
+    char buf[64];
+    const auto [end, ec] = std::to_chars(buf, buf + sizeof buf, v);
+    out_.append(buf, ec == std::errc() ? end : buf);
+  }
+
+  // The persisted text of a value, the same as FormatScalar gives, escaped.
+  void AppendValue(ValueType type, const meta::MetaEnumCommon* table, const void* p) {
+    switch (type) {
+      case ValueType::Bool: out_ += *static_cast<const bool*>(p) ? "true" : "false"; break;
+      case ValueType::Int32: AppendNumber(*static_cast<const std::int32_t*>(p)); break;
+      case ValueType::UInt32: AppendNumber(*static_cast<const std::uint32_t*>(p)); break;
+      case ValueType::Int64: AppendNumber(*static_cast<const std::int64_t*>(p)); break;
+      // Shortest text that reads back to the same bits.
+      case ValueType::Double: AppendNumber(*static_cast<const double*>(p)); break;
+      case ValueType::WString:
+        utf8_.clear();
+        str::append_utf8(utf8_, *static_cast<const std::wstring*>(p));
+        AppendEscapedText(out_, utf8_);
+        break;
+      case ValueType::Enum: {
+        const std::int32_t v = *static_cast<const std::int32_t*>(p);
+        if (const std::string* name = EnumName(table, v)) out_ += *name;
+        else AppendNumber(v);  // a value missing from the table is kept as its number
+        break;
+      }
+      default: break;
+    }
+  }
+
+  // The escaped UTF-8 name of `v` in `table` (its first entry with that
+  // value), or nullptr. Names are converted once per table and write.
+  const std::string* EnumName(const meta::MetaEnumCommon* table, std::int32_t v) {
+    if (!table) return nullptr;
+    auto [it, fresh] = enum_names_.try_emplace(table);
+    if (fresh) {
+      for (const auto& e : table->Entries()) {
+        utf8_.clear();
+        str::append_utf8(utf8_, e.name);
+        std::string escaped;
+        AppendEscapedText(escaped, utf8_);
+        it->second.push_back({e.value, std::move(escaped)});
+      }
+    }
+    for (const auto& [value, name] : it->second)
+      if (value == v) return &name;
+    return nullptr;
+  }
+
+  void WriteLeaf(std::string_view tag, ValueType type, const meta::MetaEnumCommon* table,
+                 const void* p) {
+    OpenLeaf(tag);
+    AppendValue(type, table, p);
+    CloseLeaf(tag);
+  }
+
+  // A record type's layout flattened into the steps a write takes, built
+  // once per type and write: the hot loop then reads one small contiguous
+  // array per record instead of chasing member declarations and calling
+  // through accessors for every value.
+  struct Step {
+    enum Op : std::uint8_t { OpenGroup, CloseGroup, Value, Complex } op;
+    ValueType type = ValueType::Struct;
+    bool fixed = false;            // Value: the field lies at `offset` in the record
+    std::ptrdiff_t offset = 0;
+    const Member* m = nullptr;     // Value, Complex
+    const TagNode* node = nullptr; // OpenGroup
+    const void* def = nullptr;     // Value: the default
+    mutable const std::vector<Step>* sub = nullptr;  // Complex of records: their plan, once known
+  };
+  using Plan = std::vector<Step>;
+
+  const Plan& PlanOf(const RecordType& type) {
+    auto [it, fresh] = plans_.try_emplace(&type);
+    if (fresh) BuildPlan(type.Layout(), static_cast<const char*>(type.Prototype()), it->second);
+    return it->second;
+  }
+
+  static void BuildPlan(const TagNode& group, const char* proto, Plan& plan) {
     for (const auto& child : group.children) {
-      if (child->member) {
-        WriteMember(*child->member, rec, el);
+      const Member* m = child->member;
+      if (!m) {
+        plan.push_back({Step::OpenGroup});
+        plan.back().node = child.get();
+        BuildPlan(*child, proto, plan);
+        plan.push_back({Step::CloseGroup});
         continue;
       }
-      pugi::xml_node sub = el.append_child(child->tag.c_str());
-      WriteGroup(*child, rec, sub);
-      if (!sub.first_child()) el.remove_child(sub);
-    }
-  }
-
-  void WriteValue(const Member& m, ValueType type, const void* storage, pugi::xml_node el) {
-    FormatScalar(type, m.traits.enum_table, storage, text_);
-    el.text().set(text_.c_str());
-  }
-
-  void WriteMember(const Member& m, const void* rec, pugi::xml_node parent) {
-    if (m.traits.IsLegacy()) return;
-    void* mrec = const_cast<void*>(rec);
-    if (IsScalar(m.type)) {
-      const void* value = m.access->Field(mrec);
-      ScalarBox box;
-      if (!value) {
-        m.access->Load(rec, box.Slot(m.type));
-        value = box.Slot(m.type);
+      if (m->traits.IsLegacy()) continue;
+      Step st{IsScalar(m->type) ? Step::Value : Step::Complex};
+      st.type = m->type;
+      st.m = m;
+      if (st.op == Step::Value) {
+        st.def = m->def.Slot(m->type);
+        st.fixed = m->access->IsFixedOffset();
+        if (st.fixed)
+          st.offset = static_cast<const char*>(m->access->Field(const_cast<char*>(proto))) - proto;
       }
-      if (ScalarEqual(m.type, value, m.def.Slot(m.type))) return;
-      WriteValue(m, m.type, value, parent.append_child(m.tag_utf8.c_str()));
-      return;
+      plan.push_back(st);
     }
-    void* field = m.access->Field(mrec);
+  }
+
+  // ScalarEqual without the call: doubles and integers by bit pattern.
+  static bool SameValue(ValueType type, const void* a, const void* b) {
+    switch (type) {
+      case ValueType::Bool: return *static_cast<const bool*>(a) == *static_cast<const bool*>(b);
+      case ValueType::Int32:
+      case ValueType::UInt32:
+      case ValueType::Enum: return std::memcmp(a, b, 4) == 0;
+      case ValueType::Int64:
+      case ValueType::Double: return std::memcmp(a, b, 8) == 0;
+      default: return ScalarEqual(type, a, b);
+    }
+  }
+
+  const Plan& SubPlan(const Step& st) {
+    if (!st.sub) st.sub = &PlanOf(st.m->record());
+    return *st.sub;
+  }
+
+  void WriteRecord(const Plan& plan, const void* rec) {
+    const char* base = static_cast<const char*>(rec);
+    for (const Step& st : plan) {
+      switch (st.op) {
+        case Step::OpenGroup: Begin(st.node->tag); break;
+        case Step::CloseGroup: End(false); break;
+        case Step::Value: {
+          const void* value = base + st.offset;
+          if (!st.fixed) {
+            value = st.m->access->Field(const_cast<char*>(base));
+            if (!value) {
+              st.m->access->Load(rec, box_.Slot(st.type));
+              value = box_.Slot(st.type);
+            }
+          }
+          if (!SameValue(st.type, value, st.def))
+            WriteLeaf(st.m->tag_utf8, st.type, st.m->traits.enum_table, value);
+          break;
+        }
+        case Step::Complex: WriteComplex(st, rec); break;
+      }
+    }
+  }
+
+  void WriteComplex(const Step& st, const void* rec) {
+    const Member& m = *st.m;
+    void* field = m.access->Field(const_cast<void*>(rec));
     const void* proto = m.access->Field(const_cast<void*>(m.owner->Prototype()));
     switch (m.type) {
       case ValueType::Struct: {
-        pugi::xml_node sub = parent.append_child(m.tag_utf8.c_str());
-        WriteRecord(m.record(), field, sub);
+        Begin(m.tag_utf8);
+        WriteRecord(SubPlan(st), field);
         // Members are skipped at the nested type's defaults, and the reader
         // starts a present element from those: an empty element is kept when
         // the value differs from the one the enclosing record starts with.
-        if (!sub.first_child() && m.record().Ops().equal(field, proto)) parent.remove_child(sub);
+        const bool written = written_ == open_.size();
+        End(!written && !m.record().Ops().equal(field, proto));
         return;
       }
       case ValueType::Array: {
@@ -67,38 +275,46 @@ class Writer {
         // An empty collection is written only where the default is not
         // empty, so that reading it back empties the member.
         if (n == 0 && m.seq->Size(proto) == 0) return;
-        pugi::xml_node sub = parent.append_child(m.tag_utf8.c_str());
+        Begin(m.tag_utf8);
         for (std::size_t i = 0; i < n; ++i) {
-          pugi::xml_node e = sub.append_child(m.element_tag_utf8.c_str());
           const void* item = m.seq->At(field, i);
-          if (m.element_type == ValueType::Struct) WriteRecord(m.record(), item, e);
-          else WriteValue(m, m.element_type, item, e);
+          if (m.element_type == ValueType::Struct) {
+            Begin(m.element_tag_utf8);
+            WriteRecord(SubPlan(st), item);
+            End(true);
+          } else {
+            WriteLeaf(m.element_tag_utf8, m.element_type, m.traits.enum_table, item);
+          }
         }
+        End(true);
         return;
       }
       case ValueType::Table: {
         const std::size_t size = m.table->Size(field);
-        pugi::xml_node sub;
+        Begin(m.tag_utf8);
         for (std::uint32_t id = 1; id <= size; ++id) {
           if (!m.table->IsLive(field, id)) continue;
-          if (!sub) sub = parent.append_child(m.tag_utf8.c_str());
-          pugi::xml_node e = sub.append_child(m.element_tag_utf8.c_str());
-          e.append_child("ID").text().set(id);
-          WriteRecord(m.record(), m.table->At(field, id), e);
+          Begin(m.element_tag_utf8);
+          WriteLeaf("ID", ValueType::UInt32, nullptr, &id);
+          WriteRecord(SubPlan(st), m.table->At(field, id));
+          End(true);
         }
+        End(false);  // a table without live records is not written
         return;
       }
       default: return;
     }
   }
 
-  std::string text_;
-};
-
-struct StringSink final : pugi::xml_writer {
-  std::string& out;
-  explicit StringSink(std::string& o) : out(o) {}
-  void write(const void* data, size_t size) override { out.append(static_cast<const char*>(data), size); }
+  std::string& out_;
+  std::vector<Open> open_;
+  std::size_t written_ = 0;  // how many of open_ (outermost first) have their start tag out
+  std::string root_attributes_;
+  std::string utf8_;  // scratch: one text value in UTF-8 before escaping
+  ScalarBox box_;     // scratch: the value of a getter/setter member
+  std::unordered_map<const RecordType*, Plan> plans_;  // element references stay valid
+  std::unordered_map<const meta::MetaEnumCommon*, std::vector<std::pair<std::int32_t, std::string>>>
+      enum_names_;
 };
 
 }  // namespace
@@ -106,13 +322,10 @@ struct StringSink final : pugi::xml_writer {
 gtl::status StringWrite(const IODS& source, std::string& xml) {
   if (!source.IsValid()) return OCError::not_recognized(L"(no object)", L"StringWrite");
   const RootInfo* info = OCRegistry::Instance().Root(*source.type);
-  pugi::xml_document doc;
-  pugi::xml_node root = doc.append_child(str::to_utf8(info ? info->tag : source.type->Name()).c_str());
-  root.append_attribute("Version").set_value(str::to_utf8(info ? info->version : L"1").c_str());
-  Writer().WriteRecord(*source.type, source.root, root);
+  const std::string tag = str::to_utf8(info ? info->tag : source.type->Name());
+  const std::string version = str::to_utf8(info ? info->version : L"1");
   xml.clear();
-  StringSink sink(xml);
-  doc.save(sink, "  ", pugi::format_indent, pugi::encoding_utf8);
+  Writer(xml).WriteDocument(tag, version, *source.type, source.root);
   return {};
 }
 

@@ -78,6 +78,11 @@ std::wstring to_wstring(std::string_view s) {
 std::string to_utf8(std::wstring_view w) {
   std::string out;
   out.reserve(w.size());
+  append_utf8(out, w);
+  return out;
+}
+
+void append_utf8(std::string& out, std::wstring_view w) {
   for (std::size_t i = 0; i < w.size(); ++i) {
     auto cp = static_cast<char32_t>(w[i]);
     if constexpr (sizeof(wchar_t) == 2) {
@@ -92,7 +97,6 @@ std::string to_utf8(std::wstring_view w) {
     }
     append_utf8(out, cp);
   }
-  return out;
 }
 
 std::wstring to_wstring(double value) {

@@ -11,6 +11,8 @@ std::wstring to_wstring(std::string_view utf8);
 
 // Wide to UTF-8. Unpaired surrogates and values beyond U+10FFFF become U+FFFD.
 std::string to_utf8(std::wstring_view wide);
+// The same, appended to `out` (no allocation when `out` has the room).
+void append_utf8(std::string& out, std::wstring_view wide);
 
 // Numbers as text. Doubles use the shortest form that reads back exactly.
 std::wstring to_wstring(double value);
