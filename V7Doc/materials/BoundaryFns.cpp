@@ -24,10 +24,11 @@ struct FieldTraits;
 #define QV_FIELD(B, F, FnNumAttr, ClimateType, ...)                      \
   template <>                                                            \
   struct FieldTraits<B> {                                                \
-    static constexpr DOFType kField = DOFType::F;                        \
-    static constexpr const wchar_t* kFnNumAttr = FnNumAttr;              \
-    static constexpr std::int32_t kClimateType = ClimateType;            \
-    static constexpr XYToType kXY[] = {__VA_ARGS__};                     \
+    /* Not every field reads every trait (clang warns of those unread). */ \
+    [[maybe_unused]] static constexpr DOFType kField = DOFType::F;       \
+    [[maybe_unused]] static constexpr const wchar_t* kFnNumAttr = FnNumAttr; \
+    [[maybe_unused]] static constexpr std::int32_t kClimateType = ClimateType; \
+    [[maybe_unused]] static constexpr XYToType kXY[] = {__VA_ARGS__};    \
   };
 QV_FIELD(HydBType, Hydraulic, L"HydBoundFnNum", 9, {8, 4}, {9, 7}, {10, 2}, {11, 3})
 QV_FIELD(AirBType, Air, L"AirBoundFnNum", 0, {0, 0})
