@@ -144,7 +144,9 @@ bool parse(std::wstring_view text, double& out) {
   std::string s;
   if (!narrow_number(text, s)) return false;
   const char* first = s.c_str();
-  if (*first == '+') ++first;  // from_chars refuses a leading plus
+  // from_chars refuses a leading plus; one plus is allowed, not one before
+  // another sign ("+-1").
+  if (*first == '+' && first[1] != '-' && first[1] != '+') ++first;
   double v = 0;
   auto [end, ec] = std::from_chars(first, s.c_str() + s.size(), v);
   if (ec != std::errc() || end != s.c_str() + s.size()) return false;
@@ -156,7 +158,7 @@ bool parse(std::wstring_view text, std::int64_t& out) {
   std::string s;
   if (!narrow_number(text, s)) return false;
   const char* first = s.c_str();
-  if (*first == '+') ++first;
+  if (*first == '+' && first[1] != '-' && first[1] != '+') ++first;
   std::int64_t v = 0;
   auto [end, ec] = std::from_chars(first, s.c_str() + s.size(), v);
   if (ec != std::errc() || end != s.c_str() + s.size()) return false;

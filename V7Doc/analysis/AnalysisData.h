@@ -49,7 +49,8 @@ class AnalysisDataByAnalysisID : public IQVContainer, public IQVChangeListener {
  public:
   using Entry = std::pair<GID, T>;
 
-  // The data of `analysis`, created with its defaults when absent.
+  // The data of `analysis`, created with its defaults when absent. Creating
+  // an entry moves the others: a reference from an earlier Get is then stale.
   T& Get(GID analysis) {
     auto it = LowerBound(analysis);
     if (it == entries_.end() || it->first != analysis) {

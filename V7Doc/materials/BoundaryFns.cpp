@@ -2,6 +2,7 @@
 
 #include <cmath>
 
+#include "QVI/qvi/Markers.h"
 #include "QVI/str/Convert.h"
 #include "V7Doc/core/QVDocument.h"
 #include "V7Doc/functions/FnRegistry.h"
@@ -23,10 +24,11 @@ struct FieldTraits;
 #define QV_FIELD(B, F, FnNumAttr, ClimateType, ...)                      \
   template <>                                                            \
   struct FieldTraits<B> {                                                \
-    static constexpr DOFType kField = DOFType::F;                        \
-    static constexpr const wchar_t* kFnNumAttr = FnNumAttr;              \
-    static constexpr std::int32_t kClimateType = ClimateType;            \
-    static constexpr XYToType kXY[] = {__VA_ARGS__};                     \
+    /* Not every field reads every trait (clang warns of those unread). */ \
+    [[maybe_unused]] static constexpr DOFType kField = DOFType::F;       \
+    [[maybe_unused]] static constexpr const wchar_t* kFnNumAttr = FnNumAttr; \
+    [[maybe_unused]] static constexpr std::int32_t kClimateType = ClimateType; \
+    [[maybe_unused]] static constexpr XYToType kXY[] = {__VA_ARGS__};    \
   };
 QV_FIELD(HydBType, Hydraulic, L"HydBoundFnNum", 9, {8, 4}, {9, 7}, {10, 2}, {11, 3})
 QV_FIELD(AirBType, Air, L"AirBoundFnNum", 0, {0, 0})
@@ -48,12 +50,18 @@ std::int32_t MapXY(std::int32_t xy) {
   return 0;
 }
 
+// An empty number ("Value=") is a value not given: the member keeps what it
+// holds, as when the attribute is absent. The text written for a boundary
+// leaves unset numbers out, so storing the no-value marker here would read
+// back as the kind's default (0) instead.
 template <class V>
 gtl::status Read(const FnAttr& a, const wchar_t* kind, V& into) {
   V v{};
   if (!ReadAttr(a.Value, v)) return InvalidAttributeValue(kind, a);
-  if constexpr (std::is_same_v<V, double>)
+  if constexpr (std::is_same_v<V, double>) {
     if (std::isinf(v)) return InvalidAttributeValue(kind, a);
+    if (qvi::IsNoValue(v)) return {};
+  }
   into = v;
   return {};
 }

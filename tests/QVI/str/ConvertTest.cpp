@@ -35,7 +35,8 @@ TEST(Numbers, ParseAcceptsWholeNumbersOnly) {
     double value;
   } cases[] = {{L"1.5", true, 1.5},     {L"  -2e3 ", true, -2000}, {L"+4", true, 4},
                {L"1.5x", false, 0},     {L"", false, 0},           {L"1e999", false, 0},
-               {L"\u0661", false, 0},   {L"--1", false, 0}};
+               {L"\u0661", false, 0},   {L"--1", false, 0},        {L"+-1", false, 0},
+               {L"++1", false, 0},      {L"+", false, 0},          {L" +0.5", true, 0.5}};
   for (const auto& c : cases) {
     double v = -7;
     EXPECT_EQ(str::parse(c.text, v), c.ok) << str::to_utf8(c.text);
@@ -50,6 +51,13 @@ TEST(Numbers, ParseAcceptsWholeNumbersOnly) {
   EXPECT_EQ(n, INT64_MIN);
   EXPECT_FALSE(str::parse(L"9223372036854775808", n));
   EXPECT_FALSE(str::parse(L"1.0", n));
+  for (const wchar_t* bad : {L"+-3", L"++3", L"+"}) {
+    n = 11;
+    EXPECT_FALSE(str::parse(bad, n)) << str::to_utf8(bad);
+    EXPECT_EQ(n, 11);
+  }
+  EXPECT_TRUE(str::parse(L"+3", n));
+  EXPECT_EQ(n, 3);
 }
 
 TEST(Numbers, DoublesWrittenShortestAndExact) {

@@ -94,6 +94,32 @@ TEST(BoundaryFns, TextRoundTripsPerField) {
   EXPECT_TRUE(fn.IsUndefined());
 }
 
+TEST(BoundaryFns, EmptyNumberIsNotGivenAndReadsBackAsWritten) {
+  // An empty number keeps the kind's default, as an absent one does: the
+  // written text (which leaves unset numbers out) must read back the same.
+  const struct {
+    DOFType field;
+    const wchar_t* text;
+    const wchar_t* written;
+  } cases[] = {
+      {DOFType::XDisp, L"NormTanStress(Norm= ,Tan=5)", L"NormTanStress(Norm=0,Tan=5)"},
+      {DOFType::YDisp, L"NormTanStress(Norm=2,Tan=)", L"NormTanStress(Norm=2,Tan=0)"},
+      {DOFType::Hydraulic, L"Constant(BType=1,Value=)", L"Constant(BType=1,Value=0)"},
+      {DOFType::Thermal, L"Constant(Value=\t)", L"Constant(BType=0,Value=0)"},
+      {DOFType::YDisp, L"FluidPressure(Value=)", L"FluidPressure(Value=0)"},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.text);
+    IFn fn;
+    ASSERT_TRUE(CreateBoundaryFn(c.field, c.text, fn).succeeded());
+    EXPECT_EQ(fn.as_wstring(), c.written);
+    BC bc, again;
+    ASSERT_TRUE(bc.SetSlot(c.field, c.text).succeeded());
+    ASSERT_TRUE(again.SetSlot(c.field, bc.DOF(c.field).as_wstring()).succeeded());
+    EXPECT_EQ(again.DOF(c.field).as_wstring(), bc.DOF(c.field).as_wstring());
+  }
+}
+
 BC Bc(std::initializer_list<std::pair<DOFType, IFn>> slots) {
   BC bc;
   bc.name = L"bc";

@@ -298,7 +298,9 @@ TEST_F(StabModels, SurchargeBelowPiezometricLine) {
   doc.StabItems().Get(stab).vPiezometricLines_.clear();
   TestSurchargeLoadForWTWeight(doc, stab, statuses);
   doc.Analyses().At(other).kind = AnalysisKind::Hydro;
-  doc.StabItems().Get(other) = doc.StabItems().Get(stab);
+  // Copied first: adding the other analysis's entry moves the entries.
+  const StabData copied = doc.StabItems().Get(stab);
+  doc.StabItems().Get(other) = copied;
   TestSurchargeLoadForWTWeight(doc, other, statuses);
   EXPECT_TRUE(statuses.empty());
 }
