@@ -13,6 +13,7 @@ constexpr unsigned kMsgBadEntryName = 31021;
 constexpr unsigned kMsgNoEntry = 31022;
 constexpr unsigned kMsgCannotSave = 31023;
 constexpr unsigned kMsgEntryTooLarge = 31024;
+constexpr unsigned kMsgPackageTooLarge = 31046;
 constexpr unsigned kMsgCannotReadEntry = 31025;
 constexpr unsigned kMsgDuplicateEntry = 31026;
 
@@ -50,7 +51,7 @@ std::wstring Package::JoinEntry(std::wstring_view folder, std::wstring_view file
   return std::wstring(folder) + L"/" + std::wstring(file);
 }
 
-gtl::status Package::Open(const std::wstring& path) {
+gtl::status Package::Open(const std::wstring& path, const Limits& limits) {
   entries_.clear();
   int err = 0;
   std::unique_ptr<zip_t, ZipCloser> z(zip_open(str::to_utf8(path).c_str(), ZIP_RDONLY, &err));
@@ -65,6 +66,7 @@ gtl::status Package::Open(const std::wstring& path) {
   if (n < 0 || static_cast<std::size_t>(n) > kMaxEntries)
     return gtl::status::error(kMsgCannotOpenPackage, path, "too many entries");
   std::map<std::string, std::string> entries;
+  std::size_t total = 0;
   for (zip_int64_t i = 0; i < n; ++i) {
     const char* raw = zip_get_name(z.get(), static_cast<zip_uint64_t>(i), ZIP_FL_ENC_GUESS);
     if (!raw) return gtl::status::error(kMsgCannotOpenPackage, path, ZipMessage(z.get()));
@@ -83,9 +85,13 @@ gtl::status Package::Open(const std::wstring& path) {
         return gtl::status::error(kMsgCannotReadEntry, str::to_wstring(name), path,
                                   zip_error_strerror(zip_file_get_error(f.get())));
       if (got == 0) break;
-      if (bytes.size() + static_cast<std::size_t>(got) > kMaxEntryBytes)
+      if (bytes.size() + static_cast<std::size_t>(got) > limits.entryBytes)
         return gtl::status::error(kMsgEntryTooLarge, str::to_wstring(name), path,
-                                  static_cast<unsigned long long>(kMaxEntryBytes));
+                                  static_cast<unsigned long long>(limits.entryBytes));
+      total += static_cast<std::size_t>(got);
+      if (total > limits.totalBytes)
+        return gtl::status::error(kMsgPackageTooLarge, path,
+                                  static_cast<unsigned long long>(limits.totalBytes));
       bytes.append(buf, static_cast<std::size_t>(got));
     }
     entries.emplace(std::move(name), std::move(bytes));

@@ -21,9 +21,23 @@ class Package {
   static constexpr std::size_t kMaxEntryBytes = std::size_t{1} << 30;
   // Most entries read from one package.
   static constexpr std::size_t kMaxEntries = 100000;
+  // Most bytes read from one package, uncompressed, over all entries: a
+  // small archive of many highly compressed entries (a "zip bomb") is
+  // refused rather than filling memory.
+  static constexpr std::size_t kMaxTotalBytes = std::size_t{4} << 30;
 
-  // Replaces the content by the entries of the package file `path`.
-  gtl::status Open(const std::wstring& path);
+  // What one Open may read; the defaults above unless a caller (a tool, a
+  // test) asks for less.
+  struct Limits {
+    std::size_t entryBytes;
+    std::size_t totalBytes;
+  };
+
+  // Replaces the content by the entries of the package file `path`; a
+  // package that cannot be read leaves no entries.
+  gtl::status Open(const std::wstring& path) { return Open(path, {kMaxEntryBytes, kMaxTotalBytes}); }
+  // The same within `limits`.
+  gtl::status Open(const std::wstring& path, const Limits& limits);
   // Writes every entry to `path` (temporary, flush, rename); on failure the
   // file at `path` is left as it was.
   gtl::status Save(const std::wstring& path) const;

@@ -111,5 +111,30 @@ TEST(Package, HostileArchivesAreRefused) {
   EXPECT_TRUE(p.List().empty());
 }
 
+TEST(Package, ReadLimitsBoundEachEntryAndTheWhole) {
+  // Three entries of 1000 bytes each: the limits are reached exactly, then
+  // crossed by one byte, per entry and over the whole package.
+  Package w;
+  for (const wchar_t* name : {L"a.csv", L"b.csv", L"c.csv"})
+    ASSERT_TRUE(w.Write(name, std::string(1000, 'x')).succeeded());
+  const std::wstring path = TempPath("oc_limits.qvz");
+  ASSERT_TRUE(w.Save(path).succeeded());
+  const struct {
+    std::size_t entry, total;
+    unsigned expected;  // 0: read
+  } cases[] = {
+      {1000, 3000, 0}, {999, 3000, 31024}, {1000, 2999, 31046}, {1000, 1500, 31046},
+  };
+  for (const auto& c : cases) {
+    Package p;
+    ASSERT_TRUE(p.Write(L"kept.txt", "old").succeeded());
+    const gtl::status s = p.Open(path, Package::Limits{c.entry, c.total});
+    EXPECT_EQ(s.id(), c.expected) << c.entry << " " << c.total;
+    // Open replaces the content: all three entries, or nothing when refused.
+    EXPECT_FALSE(p.Contains(L"kept.txt"));
+    EXPECT_EQ(p.List().size(), c.expected == 0 ? 3u : 0u) << c.entry << " " << c.total;
+  }
+}
+
 }  // namespace
 }  // namespace octest
