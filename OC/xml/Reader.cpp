@@ -3,10 +3,12 @@
 // cost is linear in the file and no path text is built unless a problem is
 // reported.
 #include <algorithm>
+#include <cstring>
 #include <deque>
 #include <fstream>
 #include <iterator>
 #include <pugixml.hpp>
+#include <unordered_map>
 
 #include "OC/OCError.h"
 #include "OC/Registry.h"
@@ -51,8 +53,11 @@ class Reader {
  public:
   explicit Reader(impl::XMLError& err) : err_(err) {}
 
-  void ReadRecord(const RecordType& type, void* rec, pugi::xml_node el, bool table_record) {
-    ReadGroup(type.Layout(), rec, el, table_record);
+  // Reads `el` into `rec`. `fresh` says that `rec` holds its type's
+  // defaults (just made, or just reset), which lets nested records skip
+  // their own reset when it would change nothing.
+  void ReadRecord(const RecordType& type, void* rec, pugi::xml_node el, bool table_record, bool fresh) {
+    ReadGroup(type.Layout(), rec, el, table_record, fresh);
   }
 
  private:
@@ -88,21 +93,36 @@ class Reader {
     return false;
   }
 
-  void ReadGroup(const TagNode& group, void* rec, pugi::xml_node el, bool table_record) {
+  // `fresh` is the record's state on entry and is cleared once anything may
+  // have moved a member away from its default before it is read: the same
+  // element met twice, or a setter (which may touch other members).
+  void ReadGroup(const TagNode& group, void* rec, pugi::xml_node el, bool table_record, bool& fresh) {
     if (!Enter(el)) return;
     if (buffers_.size() <= stack_.size()) buffers_.resize(stack_.size() + 1);
     std::vector<Item>& items = buffers_[stack_.size()];
     items.clear();
     bool sorted = true;
+    // The writer writes members in layout order: the next child is tried
+    // first and the name index is the fallback, so a file in the usual order
+    // costs one comparison per element.
+    std::size_t expect = 0;
+    const auto& children = group.children;
     for (pugi::xml_node c = el.first_child(); c; c = c.next_sibling()) {
       if (c.type() != pugi::node_element) continue;
-      const TagNode* n = group.Child(c.name());
-      if (!n) {
-        if (!(table_record && std::string_view(c.name()) == "ID")) Unknown(c);
-        continue;
+      const char* name = c.name();
+      const TagNode* n = nullptr;
+      if (expect < children.size() && std::strcmp(children[expect]->tag.c_str(), name) == 0) {
+        n = children[expect].get();
+      } else {
+        n = group.Child(name);
+        if (!n) {
+          if (!(table_record && std::strcmp(name, "ID") == 0)) Unknown(c);
+          continue;
+        }
       }
       // The node's position among its siblings is its write rank.
       const std::size_t rank = n->rank;
+      expect = rank + 1;
       if (!items.empty() && items.back().rank > rank) sorted = false;
       items.push_back({rank, n, c});
     }
@@ -114,12 +134,28 @@ class Reader {
                        [](const Item& a, const Item& b) { return a.rank < b.rank; });
     // Deeper levels use deeper buffers (every descent pushes a frame), and a
     // deque keeps this one in place while they are added.
+    const TagNode* previous = nullptr;
     for (const Item& it : items) {
+      // Sorted, a repeated element follows its first occurrence.
+      if (it.node == previous) fresh = false;
+      previous = it.node;
       stack_.push_back({&it.node->wtag, 0, false});
-      if (it.node->member) ReadMember(*it.node->member, rec, it.el);
-      else ReadGroup(*it.node, rec, it.el, false);
+      if (it.node->member) ReadMember(*it.node->member, rec, it.el, fresh);
+      else ReadGroup(*it.node, rec, it.el, false, fresh);
       stack_.pop_back();
     }
+  }
+
+  // True when the enclosing record's default for nested member `m` equals
+  // the nested type's own default: a fresh record then needs no reset.
+  bool DefaultsAgree(const Member& m) {
+    const auto [it, added] = agree_.try_emplace(&m, false);
+    if (added) {
+      const RecordType& nested = m.record();
+      const void* owner_default = m.access->Field(const_cast<void*>(m.owner->Prototype()));
+      it->second = owner_default && nested.Ops().equal(owner_default, nested.Prototype());
+    }
+    return it->second;
   }
 
   // Reads the text of `el` into a value of `type` at `storage`.
@@ -145,11 +181,12 @@ class Reader {
       err_.ReportError(gtl::status::warning(kMsgOutOfBoundsRead, str::to_wstring(text), Where(), Line(el)));
   }
 
-  void ReadMember(const Member& m, void* rec, pugi::xml_node el) {
+  void ReadMember(const Member& m, void* rec, pugi::xml_node el, bool& fresh) {
     if (IsScalar(m.type)) {
       if (void* f = m.access->Field(rec)) {
         ReadValue(m, m.type, el, f);
       } else {
+        fresh = false;
         ScalarBox box;
         m.access->Load(rec, box.Slot(m.type));
         ReadValue(m, m.type, el, box.Slot(m.type));
@@ -164,9 +201,10 @@ class Reader {
     switch (m.type) {
       case ValueType::Struct:
         // The writer skipped the members at the nested type's own defaults,
-        // which may differ from what the enclosing record starts with.
-        m.record().Ops().copy(field, m.record().Prototype());
-        ReadRecord(m.record(), field, el, false);
+        // which may differ from what the enclosing record starts with; the
+        // copy is skipped when the member is known to hold them already.
+        if (!(fresh && DefaultsAgree(m))) m.record().Ops().copy(field, m.record().Prototype());
+        ReadRecord(m.record(), field, el, false, true);
         return;
       case ValueType::Array: ReadArray(m, field, el); return;
       case ValueType::Table: ReadTable(m, field, el); return;
@@ -191,7 +229,9 @@ class Reader {
       m.seq->Resize(vec, n + 1);
       stack_.push_back({nullptr, n, true});
       void* item = m.seq->At(vec, n);
-      if (m.element_type == ValueType::Struct) ReadRecord(m.record(), item, c, false);
+      // A new element is default-made (a fixed array's were reset at the
+      // start), hence fresh.
+      if (m.element_type == ValueType::Struct) ReadRecord(m.record(), item, c, false, true);
       else ReadValue(m, m.element_type, c, item);
       stack_.pop_back();
       ++n;
@@ -234,7 +274,7 @@ class Reader {
       }
       stack_.push_back({nullptr, id, true});
       rt.Ops().copy(tmp.get(), rt.Prototype());
-      ReadRecord(rt, tmp.get(), c, true);
+      ReadRecord(rt, tmp.get(), c, true, true);
       m.table->Place(table, id, tmp.get());
       if (!m.table->IsLive(table, id))
         err_.ReportError(gtl::status::warning(kMsgDeletedOnRead, Where(), Line(c)));
@@ -245,6 +285,7 @@ class Reader {
   impl::XMLError& err_;
   std::vector<Frame> stack_;
   std::deque<std::vector<Item>> buffers_;
+  std::unordered_map<const Member*, bool> agree_;
 };
 
 gtl::status FirstError(const ReadReport& r) {
@@ -276,7 +317,7 @@ gtl::status FileImport(const pugi::xml_document& doc, const IODS& target, ReadRe
   r.version = str::to_wstring(root.attribute("Version").value());
   // A fresh object takes the values; the target is replaced only on success.
   OCObject fresh(*target.type);
-  Reader(err).ReadRecord(*target.type, fresh.get(), root, false);
+  Reader(err).ReadRecord(*target.type, fresh.get(), root, false, true);
   if (err.Errors() == 0) target.type->Ops().move(target.root, fresh.get());
   return FirstError(r);
 }
