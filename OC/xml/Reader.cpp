@@ -249,6 +249,10 @@ class Reader {
          c = c.next_sibling(m.element_tag_utf8.c_str()))
       ++count;
     const std::size_t limit = std::max(kMinSlotLimit, kSlotsPerRecord * count);
+    // Rows are usually numbered 1..count: room for them up front spares the
+    // table moving every record it holds as it grows. The count is bounded
+    // by the parsed file, so a hostile file cannot make this large.
+    m.table->ReserveCapacity(table, count);
     OCObject tmp(rt);
     for (pugi::xml_node c = el.first_child(); c; c = c.next_sibling()) {
       if (c.type() != pugi::node_element) continue;
