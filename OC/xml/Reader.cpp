@@ -43,6 +43,16 @@ constexpr std::size_t kMaxDepth = 128;
 constexpr std::size_t kSlotsPerRecord = 64;
 constexpr std::size_t kMinSlotLimit = 65536;
 
+// True when element name `name` is `tag`. Inline and stopping at the first
+// difference: called once per element, where a strcmp call cost more than
+// the comparison itself.
+bool SameName(const std::string& tag, const char* name) {
+  const std::size_t n = tag.size();
+  for (std::size_t i = 0; i < n; ++i)
+    if (name[i] != tag[i]) return false;  // also stops at name's end
+  return name[n] == '\0';
+}
+
 struct Frame {
   const std::wstring* name;
   std::uint64_t index;
@@ -111,7 +121,7 @@ class Reader {
       if (c.type() != pugi::node_element) continue;
       const char* name = c.name();
       const TagNode* n = nullptr;
-      if (expect < children.size() && std::strcmp(children[expect]->tag.c_str(), name) == 0) {
+      if (expect < children.size() && SameName(children[expect]->tag, name)) {
         n = children[expect].get();
       } else {
         n = group.Child(name);
@@ -218,7 +228,7 @@ class Reader {
     std::size_t n = 0;
     for (pugi::xml_node c = el.first_child(); c; c = c.next_sibling()) {
       if (c.type() != pugi::node_element) continue;
-      if (m.element_tag_utf8 != c.name()) {
+      if (!SameName(m.element_tag_utf8, c.name())) {
         Unknown(c);
         continue;
       }
@@ -256,7 +266,7 @@ class Reader {
     OCObject tmp(rt);
     for (pugi::xml_node c = el.first_child(); c; c = c.next_sibling()) {
       if (c.type() != pugi::node_element) continue;
-      if (m.element_tag_utf8 != c.name()) {
+      if (!SameName(m.element_tag_utf8, c.name())) {
         Unknown(c);
         continue;
       }
