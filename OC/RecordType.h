@@ -84,6 +84,12 @@ class TableOps {
   // Grows the table with tombstones up to `id` and moves `rec` into slot
   // `id` (setting a stored ID). The slot must not hold a live record.
   virtual void Place(void* table, std::uint32_t id, void* rec) const = 0;
+  // Makes room for `n` slots ahead of placing records one by one (a hint:
+  // the slot count does not change).
+  virtual void ReserveCapacity(void* table, std::size_t n) const {
+    (void)table;
+    (void)n;
+  }
   virtual void Copy(void* dst, const void* src) const = 0;
   virtual void Move(void* dst, void* src) const = 0;
   virtual bool Equal(const void* a, const void* b) const = 0;

@@ -112,11 +112,15 @@ bool ParseNumber(std::string_view t, N& v) {
   return ec == std::errc() && end == t.data() + t.size();
 }
 
+bool IsBlank(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; }
+
+// A plain loop: values are short and rarely padded, so the generic
+// find_first_not_of (a search per character) cost more than the number.
 std::string_view TrimBlanks(std::string_view t) {
-  const char* blanks = " \t\r\n";
-  const auto b = t.find_first_not_of(blanks);
-  if (b == std::string_view::npos) return {};
-  return t.substr(b, t.find_last_not_of(blanks) - b + 1);
+  std::size_t b = 0, e = t.size();
+  while (b < e && IsBlank(t[b])) ++b;
+  while (e > b && IsBlank(t[e - 1])) --e;
+  return t.substr(b, e - b);
 }
 }  // namespace
 

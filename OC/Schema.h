@@ -251,6 +251,10 @@ class TableAdapter final : public TableOps {
     table.At(id) = std::move(*static_cast<T*>(rec));
     if constexpr (Table::id_policy::kStoresID) Table::id_policy::SetID(table.At(id), id);
   }
+  void ReserveCapacity(void* t, std::size_t n) const override {
+    if constexpr (requires(Table& table, std::size_t k) { table.ReserveCapacity(k); })
+      static_cast<Table*>(t)->ReserveCapacity(n);
+  }
   void Copy(void* d, const void* s) const override {
     *static_cast<Table*>(d) = *static_cast<const Table*>(s);
   }

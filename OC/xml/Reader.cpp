@@ -3,10 +3,12 @@
 // cost is linear in the file and no path text is built unless a problem is
 // reported.
 #include <algorithm>
+#include <cstring>
 #include <deque>
 #include <fstream>
 #include <iterator>
 #include <pugixml.hpp>
+#include <unordered_map>
 
 #include "OC/OCError.h"
 #include "OC/Registry.h"
@@ -41,6 +43,16 @@ constexpr std::size_t kMaxDepth = 128;
 constexpr std::size_t kSlotsPerRecord = 64;
 constexpr std::size_t kMinSlotLimit = 65536;
 
+// True when element name `name` is `tag`. Inline and stopping at the first
+// difference: called once per element, where a strcmp call cost more than
+// the comparison itself.
+bool SameName(const std::string& tag, const char* name) {
+  const std::size_t n = tag.size();
+  for (std::size_t i = 0; i < n; ++i)
+    if (name[i] != tag[i]) return false;  // also stops at name's end
+  return name[n] == '\0';
+}
+
 struct Frame {
   const std::wstring* name;
   std::uint64_t index;
@@ -51,8 +63,11 @@ class Reader {
  public:
   explicit Reader(impl::XMLError& err) : err_(err) {}
 
-  void ReadRecord(const RecordType& type, void* rec, pugi::xml_node el, bool table_record) {
-    ReadGroup(type.Layout(), rec, el, table_record);
+  // Reads `el` into `rec`. `fresh` says that `rec` holds its type's
+  // defaults (just made, or just reset), which lets nested records skip
+  // their own reset when it would change nothing.
+  void ReadRecord(const RecordType& type, void* rec, pugi::xml_node el, bool table_record, bool fresh) {
+    ReadGroup(type.Layout(), rec, el, table_record, fresh);
   }
 
  private:
@@ -88,21 +103,36 @@ class Reader {
     return false;
   }
 
-  void ReadGroup(const TagNode& group, void* rec, pugi::xml_node el, bool table_record) {
+  // `fresh` is the record's state on entry and is cleared once anything may
+  // have moved a member away from its default before it is read: the same
+  // element met twice, or a setter (which may touch other members).
+  void ReadGroup(const TagNode& group, void* rec, pugi::xml_node el, bool table_record, bool& fresh) {
     if (!Enter(el)) return;
     if (buffers_.size() <= stack_.size()) buffers_.resize(stack_.size() + 1);
     std::vector<Item>& items = buffers_[stack_.size()];
     items.clear();
     bool sorted = true;
+    // The writer writes members in layout order: the next child is tried
+    // first and the name index is the fallback, so a file in the usual order
+    // costs one comparison per element.
+    std::size_t expect = 0;
+    const auto& children = group.children;
     for (pugi::xml_node c = el.first_child(); c; c = c.next_sibling()) {
       if (c.type() != pugi::node_element) continue;
-      const TagNode* n = group.Child(c.name());
-      if (!n) {
-        if (!(table_record && std::string_view(c.name()) == "ID")) Unknown(c);
-        continue;
+      const char* name = c.name();
+      const TagNode* n = nullptr;
+      if (expect < children.size() && SameName(children[expect]->tag, name)) {
+        n = children[expect].get();
+      } else {
+        n = group.Child(name);
+        if (!n) {
+          if (!(table_record && std::strcmp(name, "ID") == 0)) Unknown(c);
+          continue;
+        }
       }
       // The node's position among its siblings is its write rank.
       const std::size_t rank = n->rank;
+      expect = rank + 1;
       if (!items.empty() && items.back().rank > rank) sorted = false;
       items.push_back({rank, n, c});
     }
@@ -114,12 +144,28 @@ class Reader {
                        [](const Item& a, const Item& b) { return a.rank < b.rank; });
     // Deeper levels use deeper buffers (every descent pushes a frame), and a
     // deque keeps this one in place while they are added.
+    const TagNode* previous = nullptr;
     for (const Item& it : items) {
+      // Sorted, a repeated element follows its first occurrence.
+      if (it.node == previous) fresh = false;
+      previous = it.node;
       stack_.push_back({&it.node->wtag, 0, false});
-      if (it.node->member) ReadMember(*it.node->member, rec, it.el);
-      else ReadGroup(*it.node, rec, it.el, false);
+      if (it.node->member) ReadMember(*it.node->member, rec, it.el, fresh);
+      else ReadGroup(*it.node, rec, it.el, false, fresh);
       stack_.pop_back();
     }
+  }
+
+  // True when the enclosing record's default for nested member `m` equals
+  // the nested type's own default: a fresh record then needs no reset.
+  bool DefaultsAgree(const Member& m) {
+    const auto [it, added] = agree_.try_emplace(&m, false);
+    if (added) {
+      const RecordType& nested = m.record();
+      const void* owner_default = m.access->Field(const_cast<void*>(m.owner->Prototype()));
+      it->second = owner_default && nested.Ops().equal(owner_default, nested.Prototype());
+    }
+    return it->second;
   }
 
   // Reads the text of `el` into a value of `type` at `storage`.
@@ -145,11 +191,12 @@ class Reader {
       err_.ReportError(gtl::status::warning(kMsgOutOfBoundsRead, str::to_wstring(text), Where(), Line(el)));
   }
 
-  void ReadMember(const Member& m, void* rec, pugi::xml_node el) {
+  void ReadMember(const Member& m, void* rec, pugi::xml_node el, bool& fresh) {
     if (IsScalar(m.type)) {
       if (void* f = m.access->Field(rec)) {
         ReadValue(m, m.type, el, f);
       } else {
+        fresh = false;
         ScalarBox box;
         m.access->Load(rec, box.Slot(m.type));
         ReadValue(m, m.type, el, box.Slot(m.type));
@@ -164,9 +211,10 @@ class Reader {
     switch (m.type) {
       case ValueType::Struct:
         // The writer skipped the members at the nested type's own defaults,
-        // which may differ from what the enclosing record starts with.
-        m.record().Ops().copy(field, m.record().Prototype());
-        ReadRecord(m.record(), field, el, false);
+        // which may differ from what the enclosing record starts with; the
+        // copy is skipped when the member is known to hold them already.
+        if (!(fresh && DefaultsAgree(m))) m.record().Ops().copy(field, m.record().Prototype());
+        ReadRecord(m.record(), field, el, false, true);
         return;
       case ValueType::Array: ReadArray(m, field, el); return;
       case ValueType::Table: ReadTable(m, field, el); return;
@@ -180,7 +228,7 @@ class Reader {
     std::size_t n = 0;
     for (pugi::xml_node c = el.first_child(); c; c = c.next_sibling()) {
       if (c.type() != pugi::node_element) continue;
-      if (m.element_tag_utf8 != c.name()) {
+      if (!SameName(m.element_tag_utf8, c.name())) {
         Unknown(c);
         continue;
       }
@@ -191,7 +239,9 @@ class Reader {
       m.seq->Resize(vec, n + 1);
       stack_.push_back({nullptr, n, true});
       void* item = m.seq->At(vec, n);
-      if (m.element_type == ValueType::Struct) ReadRecord(m.record(), item, c, false);
+      // A new element is default-made (a fixed array's were reset at the
+      // start), hence fresh.
+      if (m.element_type == ValueType::Struct) ReadRecord(m.record(), item, c, false, true);
       else ReadValue(m, m.element_type, c, item);
       stack_.pop_back();
       ++n;
@@ -209,10 +259,14 @@ class Reader {
          c = c.next_sibling(m.element_tag_utf8.c_str()))
       ++count;
     const std::size_t limit = std::max(kMinSlotLimit, kSlotsPerRecord * count);
+    // Rows are usually numbered 1..count: room for them up front spares the
+    // table moving every record it holds as it grows. The count is bounded
+    // by the parsed file, so a hostile file cannot make this large.
+    m.table->ReserveCapacity(table, count);
     OCObject tmp(rt);
     for (pugi::xml_node c = el.first_child(); c; c = c.next_sibling()) {
       if (c.type() != pugi::node_element) continue;
-      if (m.element_tag_utf8 != c.name()) {
+      if (!SameName(m.element_tag_utf8, c.name())) {
         Unknown(c);
         continue;
       }
@@ -234,7 +288,7 @@ class Reader {
       }
       stack_.push_back({nullptr, id, true});
       rt.Ops().copy(tmp.get(), rt.Prototype());
-      ReadRecord(rt, tmp.get(), c, true);
+      ReadRecord(rt, tmp.get(), c, true, true);
       m.table->Place(table, id, tmp.get());
       if (!m.table->IsLive(table, id))
         err_.ReportError(gtl::status::warning(kMsgDeletedOnRead, Where(), Line(c)));
@@ -245,6 +299,7 @@ class Reader {
   impl::XMLError& err_;
   std::vector<Frame> stack_;
   std::deque<std::vector<Item>> buffers_;
+  std::unordered_map<const Member*, bool> agree_;
 };
 
 gtl::status FirstError(const ReadReport& r) {
@@ -276,7 +331,7 @@ gtl::status FileImport(const pugi::xml_document& doc, const IODS& target, ReadRe
   r.version = str::to_wstring(root.attribute("Version").value());
   // A fresh object takes the values; the target is replaced only on success.
   OCObject fresh(*target.type);
-  Reader(err).ReadRecord(*target.type, fresh.get(), root, false);
+  Reader(err).ReadRecord(*target.type, fresh.get(), root, false, true);
   if (err.Errors() == 0) target.type->Ops().move(target.root, fresh.get());
   return FirstError(r);
 }

@@ -145,6 +145,12 @@ class QVContainerTable : public Base {
     for (std::size_t i = old; i < n; ++i) IDPolicy::SetMissing(slots_[i]);
   }
 
+  // Makes room for `n` slots without adding any, so that a load placing
+  // records one by one does not move the earlier ones each time it grows.
+  void ReserveCapacity(std::size_t n) {
+    if constexpr (requires(storage_type& s, std::size_t k) { s.reserve(k); }) slots_.reserve(n);
+  }
+
   // Sets the slot count to `n`; new slots are default live records (stored
   // IDs set to position + 1).
   void Resize(std::size_t n) {
