@@ -7,6 +7,10 @@ BUILD_DIR := build/$(PRESET)
 DEB_PACKAGES := cmake make g++ pkg-config ccache \
   libgtest-dev libgmock-dev libbenchmark-dev \
   libpugixml-dev libzip-dev libeigen3-dev libboost-dev libcli11-dev
+# libFuzzer comes with clang; only `make fuzz` needs it.
+ifeq ($(PRESET),fuzz)
+DEB_PACKAGES += clang
+endif
 
 .PHONY: all deps configure build test demo bench fuzz format clean
 
@@ -41,7 +45,7 @@ demo: build
 bench: build
 	@for b in $(BUILD_DIR)/bench/bench_*; do [ -x "$$b" ] && "$$b" --benchmark_counters_tabular=true; done
 
-fuzz: deps
+fuzz:
 	$(MAKE) PRESET=fuzz build
 
 format:
