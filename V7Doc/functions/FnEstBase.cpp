@@ -57,6 +57,12 @@ void FnEstBase::OnPointsChanged() {
   Linear::Assign(table);
 }
 
+void FnEstBase::GetRangeAttributes(std::vector<FnAttr>& attrs) const {
+  attrs.push_back(FnAttrMax(max_));
+  attrs.push_back(FnAttrMin(min_));
+  attrs.push_back(FnAttrNumPoints(numPoints_));
+}
+
 bool FnEstBase::ReadRangeAttribute(const FnAttr& a, gtl::status& s) {
   if (a.Name == L"Min")
     ReadBounded(a, min_, s, std::numeric_limits<double>::min(), std::numeric_limits<double>::max(), false);

@@ -52,6 +52,8 @@ class FnEstBase : public FnDataPoints, public math::fn::interpolate::Linear {
 
   // Reads "Min", "Max" or "NumPoints"; false when `a` is none of them.
   bool ReadRangeAttribute(const FnAttr& a, gtl::status& s);
+  // Appends "Max", "Min" and "NumPoints", in the order they are written.
+  void GetRangeAttributes(std::vector<FnAttr>& attrs) const;
   // The error of this estimate with a reason (message 33510).
   gtl::status EstimateError(const std::wstring& reason) const;
   // "NumPoints" suctions spaced evenly in log10 from `lo` to `hi`.

@@ -56,9 +56,7 @@ void FnEstHydK::GetDataAttributes(std::vector<FnAttr>& attrs) const {
   attrs.push_back(FnAttrVolWCFnNum(volWCFnNum_));
   attrs.push_back(FnAttrHydKSat(hydKSat_));
   attrs.push_back(FnAttrHydKEstMethod(eMethod_));
-  attrs.push_back(FnAttrMax(max_));
-  attrs.push_back(FnAttrMin(min_));
-  attrs.push_back(FnAttrNumPoints(numPoints_));
+  GetRangeAttributes(attrs);
   attrs.push_back(FnAttrResWC(resWC_));
 }
 

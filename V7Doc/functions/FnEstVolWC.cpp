@@ -101,9 +101,7 @@ void FnEstVolWC::GetDataAttributes(std::vector<FnAttr>& attrs) const {
   attrs.push_back(FnAttrLiqLimit(liqLimit_));
   attrs.push_back(FnAttrD10(d10_));
   attrs.push_back(FnAttrD60(d60_));
-  attrs.push_back(FnAttrMax(max_));
-  attrs.push_back(FnAttrMin(min_));
-  attrs.push_back(FnAttrNumPoints(numPoints_));
+  GetRangeAttributes(attrs);
 }
 
 gtl::status FnEstVolWC::Generate(const std::vector<double>& suctions, std::vector<double>& values) const {
