@@ -4,6 +4,8 @@
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
+#include <fstream>
+#include <iterator>
 #include <fcntl.h>
 #include <unistd.h>
 
@@ -52,6 +54,15 @@ gtl::status ReplaceFileAtomic(const std::wstring& path,
   }
   // The rename itself is durable once the folder is flushed.
   FsyncPath(dir, O_RDONLY | O_DIRECTORY);
+  return {};
+}
+
+gtl::status ReadWholeFile(const std::wstring& path, std::string& bytes) {
+  constexpr unsigned kMsgCannotOpenFile = 31010;
+  std::ifstream in(str::to_utf8(path), std::ios::binary);
+  if (!in) return gtl::status::error(kMsgCannotOpenFile, path);
+  bytes.assign(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
+  if (in.bad()) return gtl::status::error(kMsgCannotOpenFile, path);
   return {};
 }
 

@@ -10,6 +10,9 @@
 
 namespace oc::package {
 
+// Reads the whole file `path` into `bytes` (message 31010 when it cannot).
+gtl::status ReadWholeFile(const std::wstring& path, std::string& bytes);
+
 // Writes `bytes` to `path` atomically.
 gtl::status WriteFileAtomic(const std::wstring& path, std::string_view bytes);
 

@@ -5,14 +5,14 @@
 #include <algorithm>
 #include <cstring>
 #include <deque>
-#include <fstream>
-#include <iterator>
 #include <pugixml.hpp>
 #include <unordered_map>
 
 #include "OC/OCError.h"
 #include "OC/Registry.h"
 #include "OC/xml/XML.h"
+
+#include "OC/package/AtomicFile.h"
 #include "OC/xml/XMLError.h"
 #include "QVI/meta/MetaEnumCommon.h"
 #include "QVI/str/Convert.h"
@@ -25,7 +25,6 @@ constexpr unsigned kMsgParseError = 31006;
 constexpr unsigned kMsgWrongRoot = 31007;
 constexpr unsigned kMsgDuplicateID = 31008;
 constexpr unsigned kMsgInvalidID = 31009;
-constexpr unsigned kMsgCannotOpen = 31010;
 constexpr unsigned kMsgOutOfBoundsRead = 31012;
 constexpr unsigned kMsgUnknownEnumName = 31013;
 constexpr unsigned kMsgTooDeep = 31014;
@@ -354,10 +353,8 @@ gtl::status StringRead(std::string_view xml, const IODS& target, ReadReport* rep
 }
 
 gtl::status FileRead(const std::wstring& path, const IODS& target, ReadReport* report) {
-  std::ifstream in(str::to_utf8(path), std::ios::binary);
-  if (!in) return gtl::status::error(kMsgCannotOpen, path);
-  const std::string bytes((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
-  if (in.bad()) return gtl::status::error(kMsgCannotOpen, path);
+  std::string bytes;
+  if (auto s = package::ReadWholeFile(path, bytes); s.failed()) return s;
   return StringRead(bytes, target, report);
 }
 

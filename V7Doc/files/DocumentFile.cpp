@@ -1,8 +1,5 @@
 #include "V7Doc/files/DocumentFile.h"
 
-#include <cwctype>
-#include <fstream>
-#include <iterator>
 
 #include "OC/package/AtomicFile.h"
 #include "OC/package/Package.h"
@@ -17,13 +14,9 @@ constexpr unsigned kMsgCannotLoad = 31033;
 constexpr unsigned kMsgCannotSave = 31034;
 constexpr unsigned kMsgUnknownKind = 31035;
 constexpr unsigned kMsgNoDocumentEntry = 31036;
-constexpr unsigned kMsgCannotOpenFile = 31010;
 
-bool EndsWithNoCase(const std::wstring& s, std::wstring_view ext) {
-  if (s.size() < ext.size()) return false;
-  for (std::size_t i = 0; i < ext.size(); ++i)
-    if (std::towlower(s[s.size() - ext.size() + i]) != std::towlower(ext[i])) return false;
-  return true;
+bool EndsWithNoCase(std::wstring_view s, std::wstring_view ext) {
+  return s.size() >= ext.size() && str::iequals(s.substr(s.size() - ext.size()), ext);
 }
 
 gtl::status LoadFailed(const std::wstring& path, const gtl::status& why) {
@@ -33,13 +26,6 @@ gtl::status SaveFailed(const std::wstring& path, const gtl::status& why) {
   return gtl::status::error(kMsgCannotSave, path, why.message());
 }
 
-gtl::status ReadWholeFile(const std::wstring& path, std::string& bytes) {
-  std::ifstream in(str::to_utf8(path), std::ios::binary);
-  if (!in) return gtl::status::error(kMsgCannotOpenFile, path);
-  bytes.assign(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
-  if (in.bad()) return gtl::status::error(kMsgCannotOpenFile, path);
-  return {};
-}
 }  // namespace
 
 bool IsPackagePath(const std::wstring& path) { return EndsWithNoCase(path, oc::package::Package::kExtension); }
@@ -92,7 +78,7 @@ gtl::status LoadDocument(const std::wstring& path, QVDocument& doc, PackageEntri
                          LoadReport* report) {
   if (IsDocumentXmlPath(path)) {
     std::string xml;
-    if (auto s = ReadWholeFile(path, xml); s.failed()) return LoadFailed(path, s);
+    if (auto s = oc::package::ReadWholeFile(path, xml); s.failed()) return LoadFailed(path, s);
     return DocumentFromXml(xml, doc, path, report);
   }
   if (!IsPackagePath(path)) return gtl::status::error(kMsgUnknownKind, path);
