@@ -26,12 +26,9 @@ struct Drawing {
     r.nMaterialID_ = 1;
     g.Regions().Add(r);
     g.Surfaces().Add(Surface{L"top", {4, 3}, 1.5, false});
-    {
-      MATL clay;
-      clay.sDescription() = L"Clay";
-      clay.StabModel() = StabMatlModel::MohrCoulomb;
-      doc.Materials().Add(clay);
-    }
+    MATL clay;
+    clay.StabModel() = StabMatlModel::MohrCoulomb;
+    doc.Materials().Add(clay);
   }
   std::vector<GGID> UsageOf(GID container, GID record) {
     UsageList usage;
@@ -39,19 +36,6 @@ struct Drawing {
     return record < usage.size() ? usage[record] : std::vector<GGID>{};
   }
 };
-
-TEST(GeometryTables, RegistrationUnderFixedIDsAndNames) {
-  QVDocument doc;
-  const struct {
-    GID id;
-    const wchar_t* name;
-  } expected[] = {{1, L"Points"}, {2, L"Lines"}, {3, L"Regions"}, {56, L"Surface"}};
-  for (const auto& e : expected) {
-    ASSERT_NE(doc.ContainerManager().GetContainer(e.id), nullptr);
-    EXPECT_EQ(doc.ContainerManager().GetContainer(e.id)->Name(), e.name);
-    EXPECT_EQ(doc.ContainerManager().GetContainer(e.name), doc.ContainerManager().GetContainer(e.id));
-  }
-}
 
 TEST(GeometryTables, AddNewReusesEqualItems) {
   Drawing d;
@@ -83,18 +67,15 @@ TEST(GeometryTables, UsageQueries) {
     EXPECT_EQ(got, c.users) << c.container << ":" << c.record;
   }
   EXPECT_EQ(d.g.Regions().RegionLineIDs(1), (std::vector<GID>{1, 2, 3, 4}));
-  const auto used = d.g.GetAllIsPointUsed();
-  EXPECT_EQ(used, (std::vector<bool>{false, true, true, true, true, false}));
+  EXPECT_EQ(d.g.GetAllIsPointUsed(), (std::vector<bool>{false, true, true, true, true, false}));
 }
 
 TEST(GeometryTables, RenumberingFollowsPoints) {
   Drawing d;
-  d.g.Points().Delete({2});  // users are not deleted first: the line 1-2 and 2-3 lose an end
-  d.doc.ContainerManager().FullCompact();
-  // Points 3, 4, 5 became 2, 3, 4.
+  d.g.Points().Delete({2});  // users are not deleted first
+  d.doc.ContainerManager().FullCompact();  // points 3, 4, 5 become 2, 3, 4
   ASSERT_EQ(d.g.Points().Size(), 4u);
   EXPECT_EQ(d.g.Points().At(2).XY(), (Point2D{10, 5}));
-  // Lines 1 (1-2) and 2 (2-3) lost an end and went; 3 (3-4) and 4 (4-1) remain, renumbered.
   ASSERT_EQ(d.g.Lines().Size(), 2u);
   EXPECT_EQ(d.g.Lines().At(1), (Line{2, 3}));
   EXPECT_EQ(d.g.Lines().At(2), (Line{3, 1}));
@@ -157,11 +138,9 @@ TEST(GroundSurface, TestsInOrder) {
   const struct {
     GID region;
     bool hydro, stab;
-  } cases[] = {
-      {good, true, true},          {twoPoints, false, false},   {lineRegion, false, false},
-      {lineRegionThree, false, false}, {noMaterial, false, false}, {weakMaterial, true, false},
-      {deleted, false, false},     {0, false, false},           {99, false, false},
-  };
+  } cases[] = {{good, true, true},           {twoPoints, false, false},  {lineRegion, false, false},
+               {lineRegionThree, false, false}, {noMaterial, false, false}, {weakMaterial, true, false},
+               {deleted, false, false},      {0, false, false},          {99, false, false}};
   for (const auto& c : cases) {
     EXPECT_EQ(seep(c.region), c.hydro) << c.region;
     EXPECT_EQ(stab(c.region), c.stab) << c.region;
@@ -173,7 +152,6 @@ TEST(GroundSurface, TestsInOrder) {
 TEST(GroundSurface, OverTheDocument) {
   Drawing d;
   d.g.Regions().Add(d.g.Regions().At(1)).operator*().nMaterialID_ = 2;
-  // Material 1 exists (the drawing's), material 2 does not.
   const surface::IsGroundSurfaceRegion stab(d.doc, AnalysisKind::Stab);
   EXPECT_TRUE(stab(1));
   EXPECT_FALSE(stab(2));
