@@ -37,7 +37,7 @@ TEST(MaterialsPersistence, FilledMaterialRoundTrips) {
   EXPECT_EQ(back.UndoEquality(m), 1);
   EXPECT_EQ(back.Stress().fnStabPhiStored()(0), 31.5);
   // Crossed flag names stand where they belong; models are written as names.
-  for (const char* part : {"<Contaminant>", "<UseInitGasC>false</UseInitGasC>",
+  for (const char* part : {"<Contaminant>", "<UseInitGasC>true</UseInitGasC>",
                            "<StabModel>MohrCoulombSpatial</StabModel>",
                            "<StabWeightModel>Spatial Function</StabWeightModel>"})
     EXPECT_NE(xml.find(part), std::string::npos) << part;
