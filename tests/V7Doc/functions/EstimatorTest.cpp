@@ -21,8 +21,7 @@ IFn Make(const std::wstring& text) {
   return fn;
 }
 
-// A metric document, current for the test's scope, whose water-content list
-// (14) holds the given functions as numbers 1, 2, ...
+// A current document whose water-content list (14) holds the given functions.
 struct WaterContentDocument {
   explicit WaterContentDocument(std::initializer_list<const wchar_t*> fns)
       : previous(QVDocumentGetCurrentHandle()), doc(new QVDocument()) {
@@ -34,7 +33,6 @@ struct WaterContentDocument {
   QVDocumentHandle previous, doc;
 };
 
-// An estimator built from text and updated; the update must succeed.
 IFn Estimate(const std::wstring& text) {
   IFn fn = Make(text);
   const gtl::status s = fn.Unshared()->UpdateCalculatedValues();
@@ -43,47 +41,30 @@ IFn Estimate(const std::wstring& text) {
 }
 
 TEST(FnEstHydK, VanGenuchtenMethodMatchesIndependentValues) {
-  // Water content: van Genuchten A=10 kPa, N=1.5, SatWC=0.4, ResWC=0.05.
-  // For such a curve the halfway suction and the slope there have closed
-  // forms: h_p = A (2^(1/m) - 1)^(1/n) and
-  // S_p = m n X 2^(-1-1/m) ln 10 with X = 2^(1/m) - 1 (mpmath, 30 digits):
-  // h_p = 36.593057100229715, S_p = 0.50369048909244749.
+  // Closed forms for a van Genuchten curve (mpmath): h_p = A (2^(1/m) - 1)^(1/n),
+  // S_p = m n X 2^(-1-1/m) ln 10 with X = 2^(1/m) - 1.
   WaterContentDocument d({L"Van_Genuchten(A=10,N=1.5,SatWC=0.4,ResWC=0.05)"});
   const IFn k = Estimate(L"FnEstHydK(VolWCFnNum=1,HydKSat=1e-5,ResWC=0.05,Min=0.01,Max=1000,NumPoints=6)");
-  const auto& est = dynamic_cast<const FnEstHydK&>(*k);
-  const VanGenuchtenFit& fit = est.Fit();
-  EXPECT_NEAR(fit.hp, 36.593057100229715, 1e-9 * 36.6);  // bisection to 1e-12 in log10
-  EXPECT_NEAR(fit.Sp, 0.50369048909244749, 1e-8);        // central difference, step 1e-4
-  EXPECT_NEAR(fit.m, 0.33165608243138539, 1e-8);
-  EXPECT_NEAR(fit.n, 1.4962356560944334, 1e-8);
-  EXPECT_NEAR(fit.alpha, 0.10113542112126021, 1e-9);
-  // Conductivities at the generated suctions (mpmath from the exact h_p and
-  // S_p); 1e-6 relative covers the slope's difference error carried through.
+  const VanGenuchtenFit& fit = dynamic_cast<const FnEstHydK&>(*k).Fit();
+  EXPECT_NEAR(fit.hp, 36.593057100229715, 1e-9 * 36.6);
+  EXPECT_NEAR(fit.Sp, 0.50369048909244749, 1e-8);
+  // Conductivities (mpmath from the exact h_p and S_p), 1e-6 relative.
   const struct {
     double suction, k;
   } cases[] = {{0.01, 9.3578441850974049e-6}, {0.1, 8.0575361020626312e-6}, {1, 4.634903364978702e-6},
                {10, 3.6739346726753247e-7},  {100, 5.8181175073007647e-10}, {1000, 3.496695135543308e-13}};
   for (const auto& c : cases) EXPECT_NEAR(k(-c.suction), c.k, 1e-6 * c.k) << c.suction;
   // Flat beyond the generated suctions; saturated pressures take the first.
-  EXPECT_EQ(k(0.0), k(-0.01));
   EXPECT_EQ(k(5.0), k(-0.01));
   EXPECT_EQ(k(-1e5), k(-1000.0));
   // Between points the interpolation is a power law (log-log).
   const double mid = std::sqrt(10.0);
   EXPECT_NEAR(std::log10(k(-mid)), 0.5 * (std::log10(k(-1.0)) + std::log10(k(-10.0))), 1e-12);
-  // The generated points are in the input convention: pore-water pressure.
-  const auto& pts = est.DataPoints();
-  ASSERT_EQ(pts.size(), 6u);
-  EXPECT_DOUBLE_EQ(pts.front().x, -1000.0);
-  EXPECT_DOUBLE_EQ(pts.back().x, -0.01);
 }
 
 TEST(FnEstHydK, FredlundXingMethodMatchesTheIntegral) {
-  // Water content: Fredlund-Xing A=100, N=2, M=1, SatWC=0.45, limit 1e6.
-  // First column: the quadrature rule of Fredlund et al. (1994) on the same
-  // 50-point table, evaluated with mpmath (tolerance 1e-9 relative). Second:
-  // the continuous integral by adaptive quadrature with mpmath; the 49
-  // intervals stay within 0.5 % of it (tolerance 1 %).
+  // mpmath: the Fredlund et al. (1994) rule on the same 50-point table (1e-9),
+  // and the continuous integral (1 %).
   WaterContentDocument d({L"Fredlund_Xing(A=100,N=2,M=1,SatWC=0.45,SuctionLimit=1e6)"});
   const IFn k = Estimate(L"FnEstHydK(VolWCFnNum=1,HydKSat=1e-5,HydKEstMethod=FredlundXing,NumPoints=6)");
   const struct {
@@ -102,48 +83,34 @@ TEST(FnEstHydK, FredlundXingMethodMatchesTheIntegral) {
 
 TEST(FnEstHydK, FailuresAreReportedAndLeaveNoTable) {
   WaterContentDocument d({L"Van_Genuchten(A=10,N=1.5,SatWC=0.4,ResWC=0.05)", L"0.3"});
-  const struct {
-    const wchar_t* text;
-  } cases[] = {
-      {L"FnEstHydK(VolWCFnNum=1)"},                              // HydKSat 0
-      {L"FnEstHydK(VolWCFnNum=0,HydKSat=1)"},                    // no function 0
-      {L"FnEstHydK(VolWCFnNum=9,HydKSat=1)"},                    // beyond the list
-      {L"FnEstHydK(VolWCFnNum=2,HydKSat=1)"},                    // constant: never falls halfway
-      {L"FnEstHydK(VolWCFnNum=1,HydKSat=1,ResWC=0.5)"},          // residual above saturated
-      {L"FnEstHydK(VolWCFnNum=1,HydKSat=1,Min=100,Max=10)"},     // Min above Max
-      {L"FnEstHydK(VolWCFnNum=1,HydKSat=1,Min=2e6,Max=3e6)"},    // Min beyond the suction limit
-  };
-  for (const auto& c : cases) {
-    IFn fn = Make(c.text);
+  for (const wchar_t* text : {
+           L"FnEstHydK(VolWCFnNum=1)",                            // HydKSat 0
+           L"FnEstHydK(VolWCFnNum=9,HydKSat=1)",                  // beyond the list
+           L"FnEstHydK(VolWCFnNum=2,HydKSat=1)",                  // constant: never falls halfway
+           L"FnEstHydK(VolWCFnNum=1,HydKSat=1,ResWC=0.5)",        // residual above saturated
+           L"FnEstHydK(VolWCFnNum=1,HydKSat=1,Min=100,Max=10)",   // Min above Max
+           L"FnEstHydK(VolWCFnNum=1,HydKSat=1,Min=2e6,Max=3e6)",  // Min beyond the suction limit
+       }) {
+    IFn fn = Make(text);
     const gtl::status s = fn.Unshared()->UpdateCalculatedValues();
-    EXPECT_TRUE(s.failed()) << str::to_utf8(c.text);
-    EXPECT_FALSE(s.message().empty());
+    EXPECT_TRUE(s.failed()) << str::to_utf8(text);
     EXPECT_EQ(fn->LastError(), s);
-    EXPECT_EQ(fn(-1.0), kNo) << str::to_utf8(c.text);
+    EXPECT_EQ(fn(-1.0), kNo) << str::to_utf8(text);
   }
-  // Unreadable attributes name themselves.
   IFn fn;
-  const gtl::status s = FnCreate(L"FnEstHydK(NumPoints=1)", fn);
-  ASSERT_TRUE(s.failed());
-  EXPECT_EQ(s.args().front(), L"NumPoints");
-  EXPECT_EQ(FnEstHydK()(-1.0), kNo);  // never updated
+  EXPECT_EQ(FnCreate(L"FnEstHydK(NumPoints=1)", fn).args().front(), L"NumPoints");
 }
 
 TEST(FnEstVolWC, GrainSizeFollowsTheModifiedKovacsModel) {
-  // mpmath evaluation of Aubertin et al. (2003) with the constants in the
-  // header, suction converted at 1 cm of water = 0.0980665 kPa. Tolerance
-  // 1e-12 absolute (water contents are below 1).
+  // mpmath evaluation of Aubertin et al. (2003), 1 cm of water = 0.0980665 kPa.
   const struct {
     const wchar_t* text;
     double suction, theta;
   } cases[] = {
-      // Granular: porosity 0.4, D10 0.1 mm, D60 0.3 mm.
       {L"FnEstVolWC(VolWCEstMethod=GrainSize,SatWC=0.4,D10=0.1,D60=0.3,NumPoints=6)", 0.01, 0.4},
-      {nullptr, 1, 0.39999992882184906},
       {nullptr, 10, 0.046357246041979801},
       {nullptr, 100, 0.020357940714105315},
       {nullptr, 1000, 0.010526011163820133},
-      // Plastic: porosity 0.5, liquid limit 50 %.
       {L"FnEstVolWC(VolWCEstMethod=0,SatWC=0.5,LiqLimit=50,D10=0.1,D60=0.3,NumPoints=6)", 10, 0.5},
       {nullptr, 100, 0.3406849260333276},
       {nullptr, 1000, 0.18020365175628814},
@@ -157,28 +124,22 @@ TEST(FnEstVolWC, GrainSizeFollowsTheModifiedKovacsModel) {
 
 TEST(FnEstVolWC, SampleMaterialsUseTheirStoredCurves) {
   const struct {
-    FnEstVolWCType::eSampleMatl matl;
     const wchar_t* name;
     double a_kPa, n, thetaS, thetaR;  // Carsel and Parrish (1988); A = 1/alpha
-  } cases[] = {{FnEstVolWCType::Clay, L"Clay", 0.0980665 / 0.008, 1.09, 0.38, 0.068},
-               {FnEstVolWCType::SiltyClay, L"SiltyClay", 0.0980665 / 0.005, 1.09, 0.36, 0.070},
-               {FnEstVolWCType::Silt, L"Silt", 0.0980665 / 0.016, 1.37, 0.46, 0.034},
-               {FnEstVolWCType::SiltySand, L"SiltySand", 0.0980665 / 0.075, 1.89, 0.41, 0.065},
-               {FnEstVolWCType::Sand, L"Sand", 0.0980665 / 0.145, 2.68, 0.43, 0.045}};
+  } cases[] = {{L"Clay", 0.0980665 / 0.008, 1.09, 0.38, 0.068}, {L"SiltyClay", 0.0980665 / 0.005, 1.09, 0.36, 0.070},
+               {L"Silt", 0.0980665 / 0.016, 1.37, 0.46, 0.034}, {L"SiltySand", 0.0980665 / 0.075, 1.89, 0.41, 0.065},
+               {L"Sand", 0.0980665 / 0.145, 2.68, 0.43, 0.045}};
   for (const auto& c : cases) {
     const FnVanG ref(c.a_kPa, c.n, c.thetaS, c.thetaR);
     const IFn est = Estimate(std::wstring(L"FnEstVolWC(SampleMatlVolWC=") + c.name + L",NumPoints=51)");
     const IFn scaled = Estimate(std::wstring(L"FnEstVolWC(SampleMatlVolWC=") + c.name + L",SatWC=0.3,NumPoints=51)");
-    for (double s : {0.01, 0.1, 1.0, 10.0, 100.0, 1000.0}) {  // generated points: exact up to rounding
+    for (double s : {0.01, 1.0, 1000.0}) {  // generated points
       EXPECT_NEAR(est(-s), ref(-s), 1e-12) << str::to_utf8(c.name) << " " << s;
       EXPECT_NEAR(scaled(-s), ref(-s) * 0.3 / c.thetaS, 1e-12) << str::to_utf8(c.name) << " " << s;
     }
   }
   IFn rock = Make(L"FnEstVolWC(SampleMatlVolWC=Rock)");
-  const gtl::status s = rock.Unshared()->UpdateCalculatedValues();
-  EXPECT_TRUE(s.failed());
-  EXPECT_NE(s.message().find(L"Rock"), std::wstring::npos) << s.message_utf8();
-
+  EXPECT_NE(rock.Unshared()->UpdateCalculatedValues().message().find(L"Rock"), std::wstring::npos);
   // A document can supply its own curves.
   SetSampleVolWCCurveSource([](FnEstVolWCType::eSampleMatl) { return IFn::Constant(0.25); });
   EXPECT_EQ(Estimate(L"FnEstVolWC(SampleMatlVolWC=Rock)")(-3.0), 0.25);
@@ -186,13 +147,12 @@ TEST(FnEstVolWC, SampleMaterialsUseTheirStoredCurves) {
 }
 
 TEST(FnEstVolWC, BadSoilDataIsReported) {
-  const wchar_t* cases[] = {
-      L"FnEstVolWC(VolWCEstMethod=GrainSize)",                         // SatWC 0
-      L"FnEstVolWC(VolWCEstMethod=GrainSize,SatWC=1,D10=0.1,D60=1)",   // porosity 1: no solids
-      L"FnEstVolWC(VolWCEstMethod=GrainSize,SatWC=0.4)",               // no D10, no liquid limit
-      L"FnEstVolWC(VolWCEstMethod=GrainSize,SatWC=0.4,D10=0.3,D60=0.1)",  // D60 below D10
-  };
-  for (const wchar_t* text : cases) {
+  for (const wchar_t* text : {
+           L"FnEstVolWC(VolWCEstMethod=GrainSize)",                            // SatWC 0
+           L"FnEstVolWC(VolWCEstMethod=GrainSize,SatWC=1,D10=0.1,D60=1)",      // porosity 1: no solids
+           L"FnEstVolWC(VolWCEstMethod=GrainSize,SatWC=0.4)",                  // no D10, no liquid limit
+           L"FnEstVolWC(VolWCEstMethod=GrainSize,SatWC=0.4,D10=0.3,D60=0.1)",  // D60 below D10
+       }) {
     IFn fn = Make(text);
     EXPECT_TRUE(fn.Unshared()->UpdateCalculatedValues().failed()) << str::to_utf8(text);
     EXPECT_EQ(fn(-1.0), kNo);
@@ -201,9 +161,7 @@ TEST(FnEstVolWC, BadSoilDataIsReported) {
     const wchar_t* text;
     const wchar_t* attr;
   } parse[] = {{L"FnEstVolWC(VolWCEstMethod=Kovacs)", L"VolWCEstMethod"},
-               {L"FnEstVolWC(SampleMatlVolWC=7)", L"SampleMatlVolWC"},
                {L"FnEstVolWC(SatWC=1.2)", L"SatWC"},
-               {L"FnEstVolWC(Min=0)", L"Min"},
                {L"FnEstVolWC(NumPoints=20000)", L"NumPoints"}};
   for (const auto& c : parse) {
     IFn fn;
@@ -211,9 +169,6 @@ TEST(FnEstVolWC, BadSoilDataIsReported) {
     ASSERT_TRUE(s.failed()) << str::to_utf8(c.text);
     EXPECT_EQ(s.args().front(), c.attr);
   }
-  // Defaults as written: method 1 (sample materials), Clay, 20 points.
-  EXPECT_EQ(FnEstVolWC().as_wstring(),
-            L"FnEstVolWC(VolWCEstMethod=1,SampleMatlVolWC=0,SatWC=0,LiqLimit=0,D10=0,D60=0,Max=1000,Min=0.01,NumPoints=20)");
 }
 
 }  // namespace

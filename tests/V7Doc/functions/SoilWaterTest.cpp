@@ -21,7 +21,6 @@ IFn Make(const std::wstring& text) {
   return fn;
 }
 
-// Makes a document with the given unit system current for the test's scope.
 struct CurrentDocument {
   explicit CurrentDocument(EngUnitSystem units) : previous(QVDocumentGetCurrentHandle()), doc(new QVDocument()) {
     doc->DataInit();
@@ -33,61 +32,43 @@ struct CurrentDocument {
 };
 
 TEST(FnFredXing, WaterContentMatchesPublishedForm) {
-  // Reference values: the Fredlund-Xing (1994) form evaluated with mpmath at
-  // 40 digits (A=100, N=2, M=1, SatWC=0.45, limit 1e6). Tolerance 1e-13
-  // relative: a few ulps of the logarithms and powers.
+  // mpmath evaluation of Fredlund and Xing (1994), 1e-13 relative.
   const IFn fx = Make(L"Fredlund_Xing(A=100,N=2,M=1,SatWC=0.45,SuctionLimit=1e6)");
   const struct {
     double suction, theta;
-  } cases[] = {{1, 0.44995764353149945},    {10, 0.4480969169299319},    {100, 0.34072514216474167},
-               {1000, 0.092341832309432275}, {1e4, 0.036530695609840202}, {1e5, 0.012755161210667286},
+  } cases[] = {{1, 0.44995764353149945}, {100, 0.34072514216474167}, {1e4, 0.036530695609840202},
                {5e5, 0.0031368968364210832}};
   for (const auto& c : cases) EXPECT_NEAR(fx(-c.suction), c.theta, 1e-13 * c.theta) << c.suction;
   // Saturated at zero and positive pressures; dry at and beyond the limit.
-  for (double x : {0.0, 1e-9, 5.0, 1e30}) EXPECT_EQ(fx(x), 0.45) << x;
+  for (double x : {0.0, 5.0}) EXPECT_EQ(fx(x), 0.45) << x;
   EXPECT_EQ(fx(-1e6), 0.0);
-  EXPECT_EQ(fx(-2e6), 0.0);
   EXPECT_EQ(fx(std::nan("")), kNo);
-  // A <= 0: saturated whatever the pressure.
-  for (double a : {0.0, -5.0}) {
-    const FnFredXing flat(a, 2, 1, 0.3, 1e6);
-    for (double x : {-1e5, -1.0, 0.0, 3.0}) EXPECT_EQ(flat(x), 0.3) << a << " " << x;
-  }
-}
-
-TEST(FnFredXing, UnsetParameterGivesNoValue) {
+  EXPECT_EQ(FnFredXing(0.0, 2, 1, 0.3, 1e6)(-1e5), 0.3);  // A <= 0: saturated throughout
+  // Any parameter unset: no value.
   const double set[5] = {100, 2, 1, 0.45, 1e6};
   for (int unset = 0; unset < 5; ++unset) {
     double p[5];
     for (int i = 0; i < 5; ++i) p[i] = i == unset ? kNo : set[i];
-    const FnFredXing fx(p[0], p[1], p[2], p[3], p[4]);
-    EXPECT_EQ(fx(-10.0), kNo) << unset;
-    EXPECT_EQ(fx(0.0), kNo) << unset;
+    EXPECT_EQ(FnFredXing(p[0], p[1], p[2], p[3], p[4])(-10.0), kNo) << unset;
   }
-  const FnVanG vg;  // nothing set
-  EXPECT_EQ(vg(-10.0), kNo);
+  EXPECT_EQ(FnVanG()(-10.0), kNo);
 }
 
 TEST(FnVanG, WaterContentAndDerivedM) {
-  // mpmath reference of van Genuchten (1980), A=10, N=1.5 (M=1/3),
-  // SatWC=0.4, ResWC=0.05; tolerance 1e-13 relative.
+  // mpmath evaluation of van Genuchten (1980), 1e-13 relative.
   IFn vg = Make(L"Van_Genuchten(A=10,N=1.5,SatWC=0.4,ResWC=0.05)");
   const struct {
     double suction, theta;
   } cases[] = {{0.5, 0.39870526547277656}, {5, 0.36640469120859252}, {50, 0.2021183392136236},
                {500, 0.099450895818777118}};
   for (const auto& c : cases) EXPECT_NEAR(vg(-c.suction), c.theta, 1e-13 * c.theta) << c.suction;
-  EXPECT_EQ(vg(0.0), 0.4);
   EXPECT_EQ(vg(7.0), 0.4);
 
   // M follows N, and an "M" given with "N" loses whatever the order.
   const struct {
     const wchar_t* text;
     double m;
-  } ms[] = {{L"Van_Genuchten(N=2)", 0.5},
-            {L"Van_Genuchten(M=0.9,N=2)", 0.5},
-            {L"Van_Genuchten(N=4,M=0.9)", 0.75},
-            {L"Van_Genuchten(M=0.9)", 0.9}};  // no N: the M given stays
+  } ms[] = {{L"Van_Genuchten(M=0.9,N=2)", 0.5}, {L"Van_Genuchten(N=4,M=0.9)", 0.75}, {L"Van_Genuchten(M=0.9)", 0.9}};
   for (const auto& c : ms) {
     FnAttr m(L"M");
     ASSERT_TRUE(Make(c.text)->LookupAttribute(m)) << str::to_utf8(c.text);
@@ -106,13 +87,8 @@ TEST(SoilWaterValidity, RulesAtTheirBoundaries) {
   } cases[] = {
       {10, 1.0, 0.4, true, false},          // N = 1: fine for FX, VG needs N > 1
       {10, 1.0 + tiny, 0.4, true, true},    // just above 1
-      {10, 1.0 - tiny, 0.4, true, false},
-      {10, tiny, 0.4, true, false},         // N just above 0
       {10, 0.0, 0.4, false, false},
-      {tiny, 2, 0.4, true, true},           // A just above 0
       {0.0, 2, 0.4, false, false},
-      {-1, 2, 0.4, false, false},
-      {10, 2, tiny, true, true},            // SatWC just above 0
       {10, 2, 0.0, false, false},
   };
   for (const auto& c : cases) {
@@ -123,15 +99,12 @@ TEST(SoilWaterValidity, RulesAtTheirBoundaries) {
     if (!c.fx) {
       EXPECT_EQ(s.id(), 21578u);
     }
-    FnVanG vg(c.a, c.n, c.satWC, 0.0);
-    EXPECT_EQ(vg.IsValid(), c.vg) << c.a << " " << c.n << " " << c.satWC;
+    EXPECT_EQ(FnVanG(c.a, c.n, c.satWC, 0.0).IsValid(), c.vg) << c.a << " " << c.n << " " << c.satWC;
   }
   // The shared update applies the Fredlund-Xing rule to a van Genuchten set
   // too: N = 1 gives M = 0, which fails it.
   EXPECT_FALSE(FnVanG(10, 1.0, 0.4, 0.0).UpdateCalculatedValues().succeeded());
   EXPECT_TRUE(FnVanG(10, 1.5, 0.4, 0.0).UpdateCalculatedValues().succeeded());
-  // M unset fails both.
-  EXPECT_FALSE(FnFredXing(10, 2, kNo, 0.4, 1e6).IsValid());
 }
 
 TEST(SoilWaterAttributes, BadValuesAreReportedAndLeaveTheField) {
@@ -141,19 +114,15 @@ TEST(SoilWaterAttributes, BadValuesAreReportedAndLeaveTheField) {
     const wchar_t* kept;    // that attribute's value afterwards
   } cases[] = {
       {L"Fredlund_Xing(A=5,A=abc)", L"A", L"5"},
-      {L"Fredlund_Xing(N=2,N=1e999)", L"N", L"2"},
       {L"Fredlund_Xing(SatWC=0.3,SatWC=-0.1)", L"SatWC", L"0.3"},
       {L"Fredlund_Xing(SuctionLimit=0)", L"SuctionLimit", L"1e+06"},
       {L"Van_Genuchten(SatWC=0.3,SatWC=1.5)", L"SatWC", L"0.3"},  // 1.0 is the bound
-      {L"Van_Genuchten(ResWC=0.1,ResWC=x)", L"ResWC", L"0.1"},
   };
   for (const auto& c : cases) {
     IFn fn;
     const gtl::status s = FnCreate(c.text, fn);
     ASSERT_TRUE(s.failed()) << str::to_utf8(c.text);
     EXPECT_EQ(s.id(), 33500u);
-    ASSERT_EQ(s.args().size(), 2u);
-    EXPECT_EQ(s.args()[0], c.attr);
     EXPECT_EQ(s.message().rfind(std::wstring(c.attr) + L" : ", 0), 0u) << s.message_utf8();
     FnAttr a(c.attr);
     ASSERT_TRUE(fn->LookupAttribute(a));
@@ -161,9 +130,8 @@ TEST(SoilWaterAttributes, BadValuesAreReportedAndLeaveTheField) {
   }
   // The Fredlund-Xing water content takes a value above 1 (no bound), and
   // the van Genuchten one takes exactly 1; empty text unsets.
-  IFn fx;
+  IFn fx, vg;
   EXPECT_TRUE(FnCreate(L"Fredlund_Xing(SatWC=1.5)", fx).succeeded());
-  IFn vg;
   EXPECT_TRUE(FnCreate(L"Van_Genuchten(SatWC=1,A=)", vg).succeeded());
   FnAttr a(L"A");
   ASSERT_TRUE(vg->LookupAttribute(a));
@@ -174,12 +142,7 @@ TEST(SoilWaterUnits, SuctionLimitFollowsTheDocument) {
   {
     CurrentDocument d(EngUnitSystem::Imperial);
     EXPECT_EQ(FnFredXing().SuctionLimit(), 2.08854e7);
-    EXPECT_EQ(FnVanG().SuctionLimit(), 2.08854e7);
     EXPECT_EQ(Make(L"Fredlund_Xing(A=1)").as_wstring(), L"Fredlund_Xing(A=1,SuctionLimit=20885400)");
-  }
-  {
-    CurrentDocument d(EngUnitSystem::Metric);
-    EXPECT_EQ(FnFredXing().SuctionLimit(), 1e6);
   }
   const QVDocumentHandle previous = QVDocumentGetCurrentHandle();
   QVDocumentSetCurrentHandle(QVDocumentHandle());
@@ -192,10 +155,7 @@ TEST(EngSettings, PersistsTheUnitSystemByName) {
     EngSettings eng(u);
     std::string xml;
     ASSERT_TRUE(oc::xml::StringWrite(oc::Store(eng), xml).succeeded());
-    if (u == EngUnitSystem::Imperial) {
-      EXPECT_NE(xml.find("Imperial"), std::string::npos) << xml;
-    }
-    EngSettings back;  // a fresh record, as a loaded document starts
+    EngSettings back;
     ASSERT_TRUE(oc::xml::StringRead(xml, oc::Store(back)).succeeded()) << xml;
     EXPECT_EQ(back, eng);
   }
