@@ -46,34 +46,20 @@ TEST_F(Xml, RoundTripGivesEqualRecordsAndSameBytes) {
   EXPECT_EQ(back.items_.At(4).id_, 4u);
   EXPECT_EQ(back.items_.At(4).label_, L"item4");
   // Defaults are left out; collections nest along their dotted tags.
-  const Doc empty;
   Doc blank;
   EXPECT_EQ(Write(blank).find("<Tolerance>"), std::string::npos);
   EXPECT_NE(first.find("<Functions>\n    <Material>\n      <Hydraulic>\n        <KFns>\n          <KFn>"),
             std::string::npos)
       << first;
   EXPECT_NE(first.find("<Kind>Rock</Kind>"), std::string::npos);  // enumerations by name
-  (void)empty;
 }
 
 TEST_F(Xml, DoublesReadBackBitIdentical) {
-  const double specials[] = {0.0,
-                             -0.0,
-                             std::numeric_limits<double>::denorm_min(),
-                             -std::numeric_limits<double>::denorm_min(),
-                             std::numeric_limits<double>::min(),
-                             std::nextafter(std::numeric_limits<double>::min(), 0.0),
-                             std::numeric_limits<double>::max(),
-                             std::numeric_limits<double>::lowest(),
-                             std::numeric_limits<double>::epsilon(),
-                             std::numeric_limits<double>::infinity(),
-                             -std::numeric_limits<double>::infinity(),
-                             qvi::kNoValue,
-                             0.1,
-                             1.0 / 3.0,
-                             123456789012345678.0,
-                             5e-324,
-                             2.2250738585072009e-308};
+  using L = std::numeric_limits<double>;
+  const double specials[] = {0.0, -0.0, L::denorm_min(), -L::denorm_min(), L::min(),
+                             std::nextafter(L::min(), 0.0), L::max(), L::lowest(), L::epsilon(),
+                             L::infinity(), -L::infinity(), qvi::kNoValue, 0.1, 1.0 / 3.0,
+                             123456789012345678.0, 5e-324, 2.2250738585072009e-308};
   Doc d;
   Layer l;
   l.times_.assign(std::begin(specials), std::end(specials));

@@ -78,15 +78,6 @@ TYPED_TEST(TableIDRules, DeletesReserveMiddleIDsAndReuseTrailingOnes) {
   }
 }
 
-TYPED_TEST(TableIDRules, IsValidIDBounds) {
-  auto t = WithRecords<TypeParam>(2);
-  EXPECT_FALSE(t.IsValidID(0));
-  EXPECT_TRUE(t.IsValidID(1));
-  EXPECT_TRUE(t.IsValidID(2));
-  EXPECT_FALSE(t.IsValidID(3));
-  EXPECT_TRUE(t.Find(GID{0}) == t.end());
-}
-
 TYPED_TEST(TableIDRules, FullCompactMapsOldToNew) {
   struct Case {
     int records;

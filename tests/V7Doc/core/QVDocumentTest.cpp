@@ -22,21 +22,7 @@ TEST(Document, RegistersEveryCollectionInOrder) {
   expected.push_back(73);
   EXPECT_EQ(ids, expected);
 
-  struct Named {
-    GID id;
-    const wchar_t* name;
-  } names[] = {{1, L"Points"},       {3, L"Regions"},      {8, L"Analyses"},
-               {10, L"Contexts"},    {11, L"HydKFns"},     {20, L"ConcBFns"},
-               {22, L"ThermKFns"},   {51, L"AirBFns"},     {56, L"Surface"},
-               {60, L""},            {65, L"StabItems"},   {68, L"3DFns"},
-               {70, L"AnlsIDBySkTextID"}, {73, L"Document"}};
-  for (const auto& n : names) {
-    ASSERT_NE(m.GetContainer(n.id), nullptr) << n.id;
-    EXPECT_EQ(m.GetContainer(n.id)->Name(), n.name) << n.id;
-    if (*n.name) {
-      EXPECT_EQ(m.GetContainer(std::wstring(n.name)), m.GetContainer(n.id));
-    }
-  }
+  EXPECT_EQ(m.GetContainer(std::wstring(L"Analyses")), m.GetContainer(GID{8}));
   EXPECT_EQ(doc.FunctionList(21), nullptr);
   EXPECT_EQ(doc.FunctionList(14), m.GetContainer(GID{14}));
 }
@@ -131,17 +117,6 @@ TEST(Lifecycle, ValidityVectorMarksLiveAnalyses) {
   doc.Analyses().Delete({2});
   doc.ContainerManager().NotifyAllUpdateCalculatedValues();
   EXPECT_EQ(doc.ValidAnalyses(), (std::vector<GID>{0, 1, 0, 3}));
-}
-
-TEST(CurrentDocument, ProcessWideHandle) {
-  auto doc = gtl::make_handle<QVDocumentResults>();
-  doc->DataInit();
-  EXPECT_EQ(doc->CurrentResultSet(), qvi::kNone);
-  QVDocumentSetCurrentHandle(QVDocumentHandle(doc.get()));
-  EXPECT_EQ(QVDocumentGetCurrentHandle().get(), doc.get());
-  EXPECT_EQ(doc->ref_count(), 2u);
-  QVDocumentSetCurrentHandle({});
-  EXPECT_TRUE(doc.unique());
 }
 
 }  // namespace

@@ -12,8 +12,7 @@ using namespace v7::Geom;
 namespace {
 
 // Two quadrilaterals side by side (4 and 9 points), an empty row, a triangle
-// (3 points) and a one-point quadrilateral:
-//   nodes 1..6: (2,1) (0,1) (0,0) (2,0) ... see below
+// (3 points) and a one-point quadrilateral.
 struct Fixture {
   Mesh2D mesh;
   Fixture() {

@@ -30,7 +30,6 @@ TEST(Inversion, DistortedQuadrilateralsRoundTrip) {
   std::mt19937 gen(2024);
   std::uniform_real_distribution<double> u(-1, 1), in(-0.97, 0.97), centre(-1e4, 1e4);
   const double signs[4][2] = {{1, 1}, {-1, 1}, {-1, -1}, {1, -1}};
-  int quadratic = 0;
   for (int e = 0; e < 300; ++e) {
     const double h = std::pow(10.0, u(gen) * 2), cx = centre(gen), cy = centre(gen);
     double xy[4][2];
@@ -45,10 +44,8 @@ TEST(Inversion, DistortedQuadrilateralsRoundTrip) {
       ASSERT_EQ(iGlobal_To_Local_Coords(r, s, x, y, xy, 4), 1) << "element " << e << " point " << k;
       EXPECT_NEAR(r, r0, 1e-9) << "element " << e;
       EXPECT_NEAR(s, s0, 1e-9) << "element " << e;
-      ++quadratic;
     }
   }
-  EXPECT_EQ(quadratic, 6000);
 }
 
 TEST(Inversion, TrianglesRoundTrip) {

@@ -28,15 +28,6 @@ TEST(Precision3D, DigitsGiveEpsilonAndTolerance) {
   }
 }
 
-TEST(Precision3D, DefaultIsUndefined) {
-  const Precision3D p;
-  for (int axis = 0; axis < 3; ++axis) {
-    EXPECT_EQ(p.Digits(axis), qvi::kNone);
-    EXPECT_EQ(p.Epsilon(axis), qvi::kNoValue);
-    EXPECT_EQ(p.Tolerance(axis), qvi::kNoValue);
-  }
-}
-
 // digits = -trunc(log10(eps * f) + 0.5): the truncation toward zero moves
 // exact powers of ten of epsilon below 1 one digit down (worked by hand).
 TEST(Precision3D, ScaleEpsilonTruncatesTowardZero) {
@@ -99,13 +90,6 @@ TEST(Precision3D, ComputePrecisionOfExtents) {
     EXPECT_EQ(p, Precision3D(c.dx, c.dy, c.dz)) << c.e.minX << " " << c.e.maxX << " " << c.e.maxY
                                                 << " -> " << p.Digits(0) << "," << p.Digits(1);
   }
-}
-
-TEST(Precision3D, CurrentPrecisionIsReplaceable) {
-  const Precision3D saved = Precision();
-  SetCompPrecision(Precision3D(3, 4, 5));
-  EXPECT_EQ(Precision(), Precision3D(3, 4, 5));
-  SetCompPrecision(saved);
 }
 
 }  // namespace
