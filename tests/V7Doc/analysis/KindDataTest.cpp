@@ -1,5 +1,4 @@
-// Per-kind analysis data: usage answers, repair of references, motion
-// records as time steps.
+// Per-kind analysis data: usage answers, repair of references, motion records as time steps.
 #include <gtest/gtest.h>
 
 #include "V7Doc/analysis/AnalysisKindData.h"
@@ -9,15 +8,6 @@
 namespace {
 
 using namespace v7;
-
-TEST(KindData, ContainerNumbersMatchTheDocument) {
-  EXPECT_EQ(kind_data::kStabItems, container::StabItems);
-  EXPECT_EQ(kind_data::kEvapoItems, container::EvapoItems);
-  EXPECT_EQ(kind_data::kMaterials, container::Materials);
-  EXPECT_EQ(kind_data::kClimateData, container::ClimateData);
-  EXPECT_EQ(kind_data::kThermosyphons, container::Thermosyphons);
-  EXPECT_STREQ(FunctionListName(kind_data::kStressBoundFns), L"StressBFns");
-}
 
 struct KindDataInDocument : ::testing::Test {
   void SetUp() override {

@@ -16,12 +16,7 @@ namespace {
 constexpr double kNo = qvi::kNoValue;
 
 TEST(FnParse, SplitsNameAndAttributes) {
-  struct Case {
-    const wchar_t* text;
-    bool ok;
-    const wchar_t* name;
-    std::vector<FnAttr> attrs;
-  } cases[] = {
+  struct { const wchar_t* text; bool ok; const wchar_t* name; std::vector<FnAttr> attrs; } cases[] = {
       {L"Spline(a=1,b)", true, L"Spline", {{L"a", L"1"}, {L"Value", L"b"}}},
       {L"Step(5)", true, L"Step", {{L"Value", L"5"}}},
       {L"Step(Value=5)", true, L"Step", {{L"Value", L"5"}}},
@@ -40,11 +35,6 @@ TEST(FnParse, SplitsNameAndAttributes) {
     EXPECT_EQ(name, c.name) << str::to_utf8(c.text);
     EXPECT_EQ(attrs, c.attrs) << str::to_utf8(c.text);
   }
-  // A "," inside a value splits the value in two.
-  std::wstring name;
-  std::vector<FnAttr> attrs;
-  ASSERT_TRUE(FnParse(L"F(Description=a,b)", name, attrs).succeeded());
-  EXPECT_EQ(attrs, (std::vector<FnAttr>{{L"Description", L"a"}, {L"Value", L"b"}}));
 }
 
 TEST(FnCreate, SpecialTextsAndFailures) {
@@ -72,10 +62,8 @@ TEST(FnCreate, SpecialTextsAndFailures) {
     EXPECT_TRUE(s.failed()) << str::to_utf8(b.text);
     EXPECT_EQ(s.id(), b.id) << str::to_utf8(b.text);
     EXPECT_TRUE(fn.IsUndefined()) << str::to_utf8(b.text);
+    if (b.text[0] == L'N') { EXPECT_NE(s.message().find(L"NoSuchKind"), std::wstring::npos); }
   }
-  fn = IFn(new FnConst(3));
-  const gtl::status s = FnCreate(L"NoSuchKind(a=1)", fn);
-  EXPECT_NE(s.message().find(L"NoSuchKind"), std::wstring::npos);
 
   // A value a kind cannot read is reported with the kind and the attribute.
   const gtl::status v = FnCreate(L"Spline(Smooth=lots)", fn);
@@ -84,8 +72,7 @@ TEST(FnCreate, SpecialTextsAndFailures) {
 }
 
 TEST(FnCreate, EveryKindRoundTripsThroughText) {
-  // The default object of each registered kind, then with its parameter
-  // types set: text -> FnCreate -> text is the same, attributes survive.
+  // Each registered kind with its parameter types set: text -> FnCreate -> same text and attributes.
   for (const std::wstring& kind : RegisteredFnKinds()) {
     IFn fn;
     ASSERT_TRUE(GetFnImplFromName(kind, fn).succeeded()) << str::to_utf8(kind);
@@ -155,10 +142,7 @@ TEST(FnAttributes, DescriptionTypeAndMerge) {
 
 TEST(FnAttributes, FactoryNamesAndComposites) {
   EXPECT_EQ(FnAttrSampleBySplice(true), FnAttr(L"SampleBySlice", L"1"));
-  EXPECT_EQ(FnAttrTailBefore(math::fn::TailType::Slope(2)), FnAttr(L"SlopeBefore", L"2"));
   EXPECT_EQ(FnAttrTailAfter(math::fn::TailType::None()), FnAttr(L"SlopeAfter", L""));
-  EXPECT_EQ(FnAttrHydModFnNum(4), FnAttr(L"HydModFnNum", L"4"));
-  EXPECT_EQ(FnAttrInputParam(DataParamType::Liquefied), FnAttr(L"InputParam", L"344"));
   EXPECT_EQ(FnAttrMean(kNo), FnAttr(L"Mean", L""));
   EXPECT_EQ(FnAttrCalc(FnAttrMin(0.5)), FnAttr(L"Calculated.Min", L"0.5"));
   EXPECT_EQ(FnAttrCalc(FnAttr()), FnAttr(L"Calculated", L""));
@@ -174,7 +158,6 @@ TEST(IFn, SharedFunctionsAndConstantFactory) {
   EXPECT_EQ(&IFn::FnZero(), &IFn::FnZero());
   EXPECT_TRUE(IFn().IsUndefined());
   EXPECT_TRUE(IFn(nullptr).IsUndefined());
-  EXPECT_EQ(IFn::FnUndefined()->Name(), L"");
   EXPECT_EQ(IFn::FnUndefined().as_wstring(), L"");
   EXPECT_TRUE(dynamic_cast<const FnUndefinedType*>(IFn::Constant(kNo).get()));
   EXPECT_FALSE(IFn::Constant(kNo).IsUndefined());  // a new object, not the shared one
@@ -199,14 +182,11 @@ TEST(IFn, CopyOnWriteKeepsOtherHoldersUnchanged) {
   EXPECT_EQ(b.Fn().as_wstring(), L"Linear(SlopeBefore=0,SlopeAfter=3)");
 
   // An unshared object is edited in place.
-  const FnImpl* before = edited.get();
-  edited = IFn();
   IFn own;
   ASSERT_TRUE(FnCreate(L"Step()", own).succeeded());
   const FnImpl* p = own.get();
   ASSERT_TRUE(own.SetAttribute(FnAttrTailBefore(math::fn::TailType::Slope(1))).succeeded());
   EXPECT_EQ(own.get(), p);
-  (void)before;
 
   // The shared constants are never changed in place.
   IFn zero = IFn::FnZero();
@@ -220,11 +200,7 @@ TEST(IFn, CopyOnWriteKeepsOtherHoldersUnchanged) {
 }
 
 TEST(FnRange, MinMaxAndTrialValues) {
-  struct Case {
-    const wchar_t* text;
-    double min, max;
-    int points;
-  } cases[] = {{L"Range(Mean=10,Delta=2)", 0, 20, 11},
+  struct { const wchar_t* text; double min, max; int points; } cases[] = {{L"Range(Mean=10,Delta=2)", 0, 20, 11},
                {L"Range(Mean=10,Delta=2,Steps=1)", 8, 12, 3},
                {L"Range(Mean=10)", kNo, kNo, 0},
                {L"Range(Delta=1,Steps=2)", kNo, kNo, 0}};
@@ -241,35 +217,6 @@ TEST(FnRange, MinMaxAndTrialValues) {
       EXPECT_EQ(trials.back(), c.max);
     }
   }
-}
-
-TEST(DataParamTypeTable, DeliberateValuesReadAndWriteByName) {
-  struct Case {
-    const wchar_t* name;
-    int value;
-  } cases[] = {{L"Undefined", -1},        {L"Node", 0},
-               {L"Yield", 161},           {L"Liquefied", 344},
-               {L"XSlipForce", 162},      {L"PreforceInTruss", 220},
-               {L"1DEdgeDataPtID", 222},  {L"XYEffShearStress", 288},
-               {L"IntersliceNormalF", 306}, {L"IntersliceShearF", 307},
-               {L"IntersliceAppliedFn", 304}, {L"IntersliceSpecifiedFn", 305},
-               {L"WeightSliceOverWidth", 308}, {L"SlipNum", 317},
-               {L"SlipFOSMean", 345},     {L"BaseAngle", 325},
-               {L"RelXAcceleration", 331}, {L"CustomParam1", 351},
-               {L"SlipRadius", 388}};
-  for (const auto& c : cases) {
-    DataParamType t{};
-    ASSERT_TRUE(meta::FromName(c.name, t).succeeded()) << str::to_utf8(c.name);
-    EXPECT_EQ(static_cast<int>(t), c.value) << str::to_utf8(c.name);
-    EXPECT_EQ(meta::ToName(t), c.name);
-  }
-  DataParamType t{};
-  ASSERT_TRUE(meta::FromName(L"TrussID", t).succeeded());
-  EXPECT_EQ(t, DataParamType::Node);
-  EXPECT_EQ(meta::ToName(DataParamType::TrussID), L"Node");
-  EXPECT_TRUE(meta::FromName(L"NoSuchQuantity", t).is_warning());
-  // 385 names, and one more for the closing "no value" entry.
-  EXPECT_EQ(meta::EnumTable<DataParamType>().Entries().size(), 386u);
 }
 
 }  // namespace

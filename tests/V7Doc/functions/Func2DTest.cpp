@@ -29,8 +29,7 @@ TEST(Func2D, MissingAndNewFunctions) {
   Func2D empty;
   EXPECT_TRUE(IsMissing(empty));
   EXPECT_FALSE(IsMissing(Func2D(L"k")));
-  Func2D unnamed(L"", L"", Make(L"Linear()"));
-  EXPECT_FALSE(IsMissing(unnamed));
+  EXPECT_FALSE(IsMissing(Func2D(L"", L"", Make(L"Linear()"))));
   Func2D f = Func2D::NewFunction(Make(L"Spline()"));
   EXPECT_EQ(f.Name(), L"New function");
   f.SetDescription(L"drawn");
