@@ -44,7 +44,7 @@
 #include <string>
 
 #include "OC/xml/XML.h"
-#include "V7Doc/core/QVDocument.h"
+#include "V7Doc/document/QVDocument.h"
 #include "V7Doc/files/DocumentFile.h"
 #include "V7Doc/materials/MATLTable.h"
 

@@ -12,7 +12,7 @@
 #include <cmath>
 #include <vector>
 
-#include "V7Doc/core/QVDocument.h"
+#include "V7Doc/document/QVDocument.h"
 #include "V7Doc/functions/FnImpl.h"
 
 namespace {

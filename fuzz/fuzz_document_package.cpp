@@ -9,7 +9,7 @@
 #include <unistd.h>
 
 #include "QVI/str/Convert.h"
-#include "V7Doc/core/QVDocument.h"
+#include "V7Doc/document/QVDocument.h"
 #include "V7Doc/files/DocumentFile.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {

@@ -1,7 +1,7 @@
 #include "V7Doc/files/DocumentEdit.h"
 
 #include "OC/Path.h"
-#include "V7Doc/core/QVDocument.h"
+#include "V7Doc/document/QVDocument.h"
 #include "V7Doc/files/DocumentFile.h"
 #include "V7Doc/files/DocumentSchema.h"
 

@@ -5,7 +5,7 @@
 #include "OC/package/Package.h"
 #include "OC/xml/XML.h"
 #include "QVI/str/Convert.h"
-#include "V7Doc/core/QVDocument.h"
+#include "V7Doc/document/QVDocument.h"
 #include "V7Doc/files/DocumentSchema.h"
 
 namespace v7::files {

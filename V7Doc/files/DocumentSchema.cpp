@@ -8,7 +8,7 @@
 #include "OC/Registry.h"
 #include "OC/Schema.h"
 #include "OC/xml/XML.h"
-#include "V7Doc/core/QVDocument.h"
+#include "V7Doc/document/QVDocument.h"
 
 namespace oc {
 using namespace v7;

@@ -2,7 +2,7 @@
 
 #include "OC/IOC.h"
 #include "OC/Schema.h"
-#include "V7Doc/core/QVDocument.h"
+#include "V7Doc/document/QVDocument.h"
 #include "V7Doc/files/DocumentSchema.h"
 
 namespace v7::files {

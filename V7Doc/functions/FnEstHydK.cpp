@@ -4,7 +4,7 @@
 #include <cmath>
 
 #include "QVI/str/Messages.h"
-#include "V7Doc/core/QVDocument.h"
+#include "V7Doc/document/QVDocument.h"
 #include "V7Doc/functions/FnAttrCheck.h"
 #include "V7Doc/functions/FnFunc2DTable.h"
 #include "V7Doc/functions/FnRegistry.h"

@@ -2,7 +2,7 @@
 
 #include <limits>
 
-#include "V7Doc/core/QVDocument.h"
+#include "V7Doc/document/QVDocument.h"
 #include "V7Doc/functions/FnRegistry.h"
 #include "V7Doc/functions/Func2D.h"
 

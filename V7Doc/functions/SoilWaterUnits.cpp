@@ -1,6 +1,6 @@
 #include "V7Doc/functions/SoilWaterUnits.h"
 
-#include "V7Doc/core/QVDocument.h"
+#include "V7Doc/document/QVDocument.h"
 
 namespace v7 {
 

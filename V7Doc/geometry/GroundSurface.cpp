@@ -1,6 +1,6 @@
 #include "V7Doc/geometry/GroundSurface.h"
 
-#include "V7Doc/core/QVDocument.h"
+#include "V7Doc/document/QVDocument.h"
 
 namespace v7::Geom::surface {
 

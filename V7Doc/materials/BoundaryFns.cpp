@@ -4,7 +4,7 @@
 
 #include "QVI/qvi/Markers.h"
 #include "QVI/str/Convert.h"
-#include "V7Doc/core/QVDocument.h"
+#include "V7Doc/document/QVDocument.h"
 #include "V7Doc/functions/FnRegistry.h"
 #include "V7Doc/materials/ThermalSurfaces.h"
 

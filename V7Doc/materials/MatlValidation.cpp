@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <optional>
 
-#include "V7Doc/core/QVDocument.h"
+#include "V7Doc/document/QVDocument.h"
 #include "V7Doc/materials/MATLTable.h"
 
 namespace v7 {

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "V7Doc/core/QVContainerManager.h"
-#include "V7Doc/core/QVDocument.h"
+#include "V7Doc/document/QVDocument.h"
 
 namespace v7 {
 namespace {

@@ -10,7 +10,7 @@
 #include <utility>
 #include <vector>
 
-#include "V7Doc/core/QVDocument.h"
+#include "V7Doc/document/QVDocument.h"
 
 namespace qvdoc {
 

@@ -2,7 +2,7 @@
 // What the document subcommands (info, get, set, convert) share.
 #include <string>
 
-#include "V7Doc/core/QVDocument.h"
+#include "V7Doc/document/QVDocument.h"
 #include "V7Doc/files/DocumentFile.h"
 
 namespace qvdoc {

@@ -15,7 +15,7 @@
 #include <vector>
 
 #include "QVI/str/Convert.h"
-#include "V7Doc/core/QVDocument.h"
+#include "V7Doc/document/QVDocument.h"
 #include "V7Doc/functions/FnDataPoints.h"
 #include "V7Doc/functions/FnEstHydK.h"
 #include "V7Doc/functions/FnImpl.h"

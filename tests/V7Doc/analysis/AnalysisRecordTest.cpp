@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include "V7Doc/core/QVDocument.h"
+#include "V7Doc/document/QVDocument.h"
 
 namespace {
 

@@ -3,7 +3,7 @@
 
 #include "V7Doc/analysis/AnalysisKindData.h"
 #include "V7Doc/analysis/TIMEINCSTRUCT.h"
-#include "V7Doc/core/QVDocument.h"
+#include "V7Doc/document/QVDocument.h"
 
 namespace {
 

@@ -25,7 +25,7 @@
 #include "V7Doc/functions/FnConst.h"
 #include "V7Doc/materials/MATLTable.h"
 #include "tests/OC/ReferenceDomWriter.h"
-#include "V7Doc/core/QVDocument.h"
+#include "V7Doc/document/QVDocument.h"
 
 namespace v7::files {
 namespace {

@@ -3,7 +3,7 @@
 #include <cmath>
 
 #include "QVI/str/Convert.h"
-#include "V7Doc/core/QVDocument.h"
+#include "V7Doc/document/QVDocument.h"
 #include "V7Doc/functions/FnEstHydK.h"
 #include "V7Doc/functions/FnEstVolWC.h"
 #include "V7Doc/functions/FnVanG.h"

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "V7Doc/core/QVDocument.h"
+#include "V7Doc/document/QVDocument.h"
 #include "V7Doc/functions/FnConst.h"
 #include "V7Doc/functions/FnFunc2DTable.h"
 #include "V7Doc/functions/FnIntegral.h"

@@ -5,7 +5,7 @@
 #include "OC/Schema.h"
 #include "OC/xml/XML.h"
 #include "QVI/str/Convert.h"
-#include "V7Doc/core/QVDocument.h"
+#include "V7Doc/document/QVDocument.h"
 #include "V7Doc/functions/FnFredXing.h"
 #include "V7Doc/functions/FnVanG.h"
 

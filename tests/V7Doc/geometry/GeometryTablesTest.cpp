@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "V7Doc/core/QVDocument.h"
+#include "V7Doc/document/QVDocument.h"
 #include "V7Doc/geometry/GroundSurface.h"
 
 using namespace v7;

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "V7Doc/core/QVDocument.h"
+#include "V7Doc/document/QVDocument.h"
 #include "V7Doc/materials/BC.h"
 #include "V7Doc/materials/BoundaryFns.h"
 

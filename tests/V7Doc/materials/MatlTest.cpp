@@ -3,7 +3,7 @@
 #include <cmath>
 #include <numbers>
 
-#include "V7Doc/core/QVDocument.h"
+#include "V7Doc/document/QVDocument.h"
 #include "V7Doc/materials/MATLTable.h"
 #include "V7Doc/materials/MatlValidation.h"
 

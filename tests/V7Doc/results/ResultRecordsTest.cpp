@@ -6,7 +6,7 @@
 
 #include "OC/Schema.h"
 #include "OC/xml/XML.h"
-#include "V7Doc/core/QVDocument.h"
+#include "V7Doc/document/QVDocument.h"
 #include "V7Doc/results/ResultTables.h"
 
 namespace v7 {

@@ -1,4 +1,4 @@
-#include "V7Doc/core/Associations.h"
+#include "V7Doc/document/Associations.h"
 
 #include <algorithm>
 

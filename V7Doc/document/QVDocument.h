@@ -9,7 +9,7 @@
 #include "QVI/gtl/handle.h"
 #include "V7Doc/analysis/ANALYSISTable.h"
 #include "V7Doc/analysis/AnalysisKindData.h"
-#include "V7Doc/core/Associations.h"
+#include "V7Doc/document/Associations.h"
 #include "V7Doc/core/PendingRecords.h"
 #include "V7Doc/core/QVContainerAssoc.h"
 #include "V7Doc/core/QVContainerManager.h"

@@ -2,7 +2,7 @@
 // association maps they carry. The ID is written by the table itself, so nID_
 // is not declared.
 #include "OC/Schema.h"
-#include "V7Doc/core/Associations.h"
+#include "V7Doc/document/Associations.h"
 
 namespace oc {
 using namespace v7;

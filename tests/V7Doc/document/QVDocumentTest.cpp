@@ -1,4 +1,6 @@
-#include "V7Doc/core/QVDocument.h"
+// The umbrella header stands first, so that it must compile on its own.
+#include "V7Doc/QVV7.h"
+#include "V7Doc/document/QVDocument.h"
 
 #include <gtest/gtest.h>
 

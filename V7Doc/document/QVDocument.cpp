@@ -1,4 +1,4 @@
-#include "V7Doc/core/QVDocument.h"
+#include "V7Doc/document/QVDocument.h"
 
 #include <algorithm>
 
