@@ -20,7 +20,7 @@ const std::vector<FnEstField>& Fields() {
 
 }  // namespace
 
-FnEstAirK::FnEstAirK() : FnEstCurve(Fields()) {}
+FnEstAirK::FnEstAirK() : FnEstCurve(Fields(), L"Suction", L"Air conductivity") {}
 
 std::vector<double> FnEstAirK::Abscissae() const {
   return LogSpaced(0.01 * KiloPascalInDocumentUnits(), SuctionLimitOfUnitSystem(), 57);

@@ -42,6 +42,11 @@ class FnEstBase : public FnDataPoints, public math::fn::interpolate::Linear {
   gtl::status UpdateCalculatedValues() override;
   gtl::status LastError() const override { return lastError_; }
 
+  // What the input and the output are, with their units, for axis labels
+  // and reviews ("Suction" and "" by default).
+  virtual std::wstring InputQuantity() const { return L"Suction"; }
+  virtual std::wstring OutputQuantity() const { return {}; }
+
   // Smallest and largest suction of the generated points, and their number.
   double Min() const { return min_; }
   double Max() const { return max_; }

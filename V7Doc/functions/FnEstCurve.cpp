@@ -74,7 +74,8 @@ gtl::status FindWaterContentFn(std::uint32_t num, IFn& fn) {
   return {};
 }
 
-FnEstCurve::FnEstCurve(const std::vector<FnEstField>& fields) : fields_(&fields) {
+FnEstCurve::FnEstCurve(const std::vector<FnEstField>& fields, const wchar_t* input, const wchar_t* output)
+    : fields_(&fields), input_(input), output_(output) {
   for (const FnEstField& f : fields) values_.push_back(f.def);
   SyncRange();
 }

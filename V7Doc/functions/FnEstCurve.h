@@ -55,6 +55,9 @@ class FnEstCurve : public FnEstBase {
   gtl::status SetAttributes(const std::vector<FnAttr>& attrs) override;
   void GetDataAttributes(std::vector<FnAttr>& attrs) const override;
 
+  std::wstring InputQuantity() const override { return input_; }
+  std::wstring OutputQuantity() const override { return output_; }
+
   // The value of a data attribute by name; qvi::kNoValue when the kind has none.
   double Param(const std::wstring& name) const;
   // The value of an enumeration or count attribute.
@@ -62,7 +65,8 @@ class FnEstCurve : public FnEstBase {
 
  protected:
   // `fields` is the kind's static table; the values start at its defaults.
-  explicit FnEstCurve(const std::vector<FnEstField>& fields);
+  // `input` and `output` name the quantities with their units.
+  FnEstCurve(const std::vector<FnEstField>& fields, const wchar_t* input, const wchar_t* output);
 
   // The inputs of the table, ascending (suctions where SuctionInput()).
   // Kinds that tabulate (input, value) pairs together override Tabulate
@@ -89,6 +93,8 @@ class FnEstCurve : public FnEstBase {
 
   const std::vector<FnEstField>* fields_;
   std::vector<double> values_;
+  const wchar_t* input_;
+  const wchar_t* output_;
 };
 
 }  // namespace v7

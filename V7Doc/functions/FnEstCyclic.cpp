@@ -84,7 +84,7 @@ double IdrissBoulangerCRR(double n) {
   return std::exp(n / 14.1 + std::pow(n / 126.0, 2) - std::pow(n / 23.6, 3) + std::pow(n / 25.4, 4) - 2.8);
 }
 
-FnEstCyclicNumber::FnEstCyclicNumber() : FnEstCurve(CyclicNumberFields()) {}
+FnEstCyclicNumber::FnEstCyclicNumber() : FnEstCurve(CyclicNumberFields(), L"Number of cycles", L"Cyclic stress ratio") {}
 
 double FnEstCyclicNumber::Estimate(double n) const {
   const std::int32_t m = IntParam(L"SampleMatlCyclicNumber");
@@ -92,14 +92,14 @@ double FnEstCyclicNumber::Estimate(double n) const {
   return IdrissBoulangerCRR(SandBlowCount(Dr(m))) * std::pow(15.0 / n, 0.34);
 }
 
-FnEstDynPWP::FnEstDynPWP() : FnEstCurve(DynPWPFields()) {}
+FnEstDynPWP::FnEstDynPWP() : FnEstCurve(DynPWPFields(), L"Cycle ratio N/NL", L"Pore-pressure ratio ru") {}
 
 double FnEstDynPWP::Estimate(double r) const {
   const double t = std::clamp(2.0 * std::pow(r, 1.0 / Param(L"NExponent")) - 1.0, -1.0, 1.0);
   return std::clamp(0.5 + std::asin(t) / std::numbers::pi, 0.0, 1.0);
 }
 
-FnEstKalpha::FnEstKalpha() : FnEstCurve(KalphaFields()) {}
+FnEstKalpha::FnEstKalpha() : FnEstCurve(KalphaFields(), L"Static shear stress ratio alpha", L"K-alpha") {}
 
 double FnEstKalpha::Estimate(double alpha) const {
   const double xi = std::clamp(1.0 / (10.0 - std::log(100.0)) - Dr(IntParam(L"SampleMatlKalpha")), -0.6, 0.1);
@@ -109,7 +109,7 @@ double FnEstKalpha::Estimate(double alpha) const {
   return a + b * std::exp(-xi / c);
 }
 
-FnEstKsigma::FnEstKsigma() : FnEstCurve(KsigmaFields()) {}
+FnEstKsigma::FnEstKsigma() : FnEstCurve(KsigmaFields(), L"Vertical effective stress (pressure unit)", L"K-sigma") {}
 
 std::vector<double> FnEstKsigma::Abscissae() const {
   const double u = KiloPascalInDocumentUnits();
@@ -122,7 +122,7 @@ double FnEstKsigma::Estimate(double sv) const {
   return std::min(1.1, 1.0 - cs * std::log(sv / KiloPascalInDocumentUnits() / kPa));
 }
 
-FnEstMFSPWP::FnEstMFSPWP() : FnEstCurve(MFSPWPFields()) {}
+FnEstMFSPWP::FnEstMFSPWP() : FnEstCurve(MFSPWPFields(), L"Volumetric strain / cyclic shear strain", L"Volumetric strain per cycle / cyclic shear strain") {}
 
 double FnEstMFSPWP::C1() const { return 7600.0 * std::pow(100.0 * Dr(IntParam(L"SampleMatlMFSPWP")), -2.5); }
 

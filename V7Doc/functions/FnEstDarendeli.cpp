@@ -74,7 +74,7 @@ DarendeliModel FnEstDarendeliCurve::Model() const {
   return m;
 }
 
-FnEstGReduction::FnEstGReduction() : FnEstDarendeliCurve(GReductionFields()) {}
-FnEstDampingRatio::FnEstDampingRatio() : FnEstDarendeliCurve(DampingFields()) {}
+FnEstGReduction::FnEstGReduction() : FnEstDarendeliCurve(GReductionFields(), L"Cyclic shear strain (ratio)", L"Shear modulus reduction G/Gmax") {}
+FnEstDampingRatio::FnEstDampingRatio() : FnEstDarendeliCurve(DampingFields(), L"Cyclic shear strain (ratio)", L"Damping ratio") {}
 
 }  // namespace v7

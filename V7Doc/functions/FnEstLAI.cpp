@@ -29,7 +29,7 @@ const std::vector<FnEstField>& Fields() {
 
 }  // namespace
 
-FnEstLAI::FnEstLAI() : FnEstCurve(Fields()) {}
+FnEstLAI::FnEstLAI() : FnEstCurve(Fields(), L"Day", L"Leaf area index") {}
 
 double FnEstLAI::PeakLAI() const {
   switch (IntParam(L"SampleMatlLAI")) {

@@ -42,7 +42,7 @@ void HoekBrown::NormalShear(double s3, double& sn, double& tau) const {
   tau = (s1 - s3) * std::sqrt(k) / (k + 1.0);
 }
 
-FnEstShearNormal::FnEstShearNormal() : FnEstCurve(Fields()) {}
+FnEstShearNormal::FnEstShearNormal() : FnEstCurve(Fields(), L"Normal stress (pressure unit)", L"Shear strength (pressure unit)") {}
 
 gtl::status FnEstShearNormal::Tabulate(std::vector<double>& xs, std::vector<double>& ys) const {
   const HoekBrown hb(Param(L"IntactRockParam"), Param(L"GeologicalStrength"), Param(L"DisturbanceFactor"),

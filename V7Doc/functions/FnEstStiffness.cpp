@@ -116,7 +116,7 @@ std::vector<double> FnEstStressCurve::DepthAxis() const {
   return LogSpaced(1.0 * u, top * u, 31);
 }
 
-FnEstGmax::FnEstGmax() : FnEstStressCurve(GmaxFields()) {}
+FnEstGmax::FnEstGmax() : FnEstStressCurve(GmaxFields(), L"Vertical effective stress (pressure unit)", L"Small-strain shear modulus Gmax (pressure unit)") {}
 
 double FnEstGmax::Estimate(double x) const {
   const double u = KiloPascalInDocumentUnits();
@@ -133,7 +133,7 @@ double FnEstGmax::Estimate(double x) const {
   return Param(L"KModifier") * g * u;
 }
 
-FnEstEMod::FnEstEMod() : FnEstStressCurve(EModFields()) {}
+FnEstEMod::FnEstEMod() : FnEstStressCurve(EModFields(), L"Vertical effective stress (pressure unit)", L"Elastic modulus E (pressure unit)") {}
 
 double FnEstEMod::Estimate(double x) const {
   const double u = KiloPascalInDocumentUnits();
@@ -143,7 +143,7 @@ double FnEstEMod::Estimate(double x) const {
   return Param(L"KModifier") * kJanbuRef * std::pow(sm / kJanbuRef, n) * u;
 }
 
-FnEstRecModulus::FnEstRecModulus() : FnEstStressCurve(RecModulusFields()) {}
+FnEstRecModulus::FnEstRecModulus() : FnEstStressCurve(RecModulusFields(), L"Bulk or deviator stress (pressure unit)", L"Resilient modulus Mr (pressure unit)") {}
 
 std::vector<double> FnEstRecModulus::Abscissae() const {
   const double u = KiloPascalInDocumentUnits();

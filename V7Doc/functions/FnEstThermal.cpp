@@ -125,7 +125,7 @@ void KerstenConductivity(FnEstSample m, double& unfrozen, double& frozen) {
   frozen *= kKerstenUnit;
 }
 
-FnEstThermalKvsTemp::FnEstThermalKvsTemp() : FnEstCurve(KvsTempFields()) {}
+FnEstThermalKvsTemp::FnEstThermalKvsTemp() : FnEstCurve(KvsTempFields(), L"Temperature (C)", L"Thermal conductivity (W/(m K))") {}
 
 std::vector<double> FnEstThermalKvsTemp::Abscissae() const { return TemperatureAxis(); }
 
@@ -139,7 +139,7 @@ double FnEstThermalKvsTemp::Estimate(double t) const {
   return kf + (ku - kf) * share;
 }
 
-FnEstUnfrozenWC::FnEstUnfrozenWC() : FnEstCurve(UnfrozenFields()) {}
+FnEstUnfrozenWC::FnEstUnfrozenWC() : FnEstCurve(UnfrozenFields(), L"Temperature (C)", L"Unfrozen volumetric water content") {}
 
 std::vector<double> FnEstUnfrozenWC::Abscissae() const { return TemperatureAxis(); }
 
@@ -165,7 +165,7 @@ std::vector<double> FnEstOverWaterContent::Abscissae() const {
   return LinSpaced(Param(L"Min"), hi, static_cast<std::uint32_t>(Param(L"NumPoints")));
 }
 
-FnEstThermalKvsVolWC::FnEstThermalKvsVolWC() : FnEstOverWaterContent(KvsVolWCFields()) {}
+FnEstThermalKvsVolWC::FnEstThermalKvsVolWC() : FnEstOverWaterContent(KvsVolWCFields(), L"Volumetric water content", L"Thermal conductivity (W/(m K))") {}
 
 double FnEstThermalKvsVolWC::Estimate(double theta) const {
   const double n = porosity_;
@@ -177,7 +177,7 @@ double FnEstThermalKvsVolWC::Estimate(double theta) const {
   return (kSat - kDry) * ke + kDry;
 }
 
-FnEstVolSpecHeat::FnEstVolSpecHeat() : FnEstOverWaterContent(VolSpecHeatFields()) {}
+FnEstVolSpecHeat::FnEstVolSpecHeat() : FnEstOverWaterContent(VolSpecHeatFields(), L"Volumetric water content", L"Volumetric specific heat (J/(m3 K))") {}
 
 double FnEstVolSpecHeat::Estimate(double theta) const {
   return (1.0 - porosity_) * kDeVriesRhoS * Param(L"MassSpecHeat") + theta * kWaterC;
