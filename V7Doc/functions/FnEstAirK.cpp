@@ -28,12 +28,14 @@ std::vector<double> FnEstAirK::Abscissae() const {
 
 gtl::status FnEstAirK::Check() const {
   lambda_ = qvi::kNoValue;
-  if (gtl::status s = FindWaterContentFn(static_cast<std::uint32_t>(Param(L"VolWCFnNum")), wc_); !s.succeeded())
+  if (gtl::status s = FindWaterContentFn(static_cast<std::uint32_t>(Param(L"VolWCFnNum")), wc_);
+      !s.succeeded())
     return s;
   thetaS_ = wc_(0.0);
   if (!(thetaS_ > 0 && thetaS_ <= 1)) return EstimateError(str::load_wstring(33511));
   // The suction where Se falls to `se`, by halving in log10 suction.
-  const double lo0 = std::log10(0.01 * KiloPascalInDocumentUnits()), hi0 = std::log10(SuctionLimitOfUnitSystem());
+  const double lo0 = std::log10(0.01 * KiloPascalInDocumentUnits()),
+               hi0 = std::log10(SuctionLimitOfUnitSystem());
   auto find = [&](double se) {
     double lo = lo0, hi = hi0;
     if (!(wc_(-std::pow(10.0, lo)) / thetaS_ > se) || !(wc_(-std::pow(10.0, hi)) / thetaS_ < se))
@@ -53,7 +55,8 @@ gtl::status FnEstAirK::Check() const {
 
 double FnEstAirK::Estimate(double suction) const {
   const double se = std::clamp(wc_(-suction) / thetaS_, 0.0, 1.0);
-  return Param(L"AirKDry") * (1.0 - se) * (1.0 - se) * (1.0 - std::pow(se, (2.0 + lambda_) / lambda_));
+  return Param(L"AirKDry") * (1.0 - se) * (1.0 - se) *
+         (1.0 - std::pow(se, (2.0 + lambda_) / lambda_));
 }
 
 }  // namespace v7

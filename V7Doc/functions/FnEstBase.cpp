@@ -9,12 +9,15 @@
 namespace v7 {
 
 double FnEstBase::Calculate(const double* x, const double*) const {
-  if (IsEmpty() || !x || std::isnan(*x)) return qvi::kNoValue;
-  const double s = !SuctionInput() ? *x : *x < 0 ? -*x : 0.0;
-  const auto& pts = Points();
-  if (s <= pts.front().x) return pts.front().y;
-  if (s >= pts.back().x) return pts.back().y;
-  return Linear::operator()(s);
+  if (!x) return qvi::kNoValue;
+  double s = *x;
+  if (suction_) s = s < 0 ? -s : 0.0;
+  // Slope-0 tails continue the end values beyond the points.
+  const double y = Linear::operator()(s);
+  if (!qvi::IsNoValue(y) || IsEmpty() || std::isnan(s)) return y;
+  // An input the log axis cannot take (zero): the value at the first point,
+  // by the same path as the point itself, so that both agree to the bit.
+  return Linear::operator()(Points().front().x);
 }
 
 gtl::status FnEstBase::EstimateError(const std::wstring& reason) const {
@@ -63,6 +66,9 @@ void FnEstBase::OnPointsChanged() {
     table.push_back({x, p.y});
     positive = positive && p.y > 0;
   }
+  suction_ = suction;
+  SetTailBefore(math::fn::TailType::Slope(0));
+  SetTailAfter(math::fn::TailType::Slope(0));
   SetLogX(logX);
   SetLogY(LogOutput() && positive);
   Linear::Assign(table);

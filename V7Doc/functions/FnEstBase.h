@@ -78,6 +78,7 @@ class FnEstBase : public FnDataPoints, public math::fn::interpolate::Linear {
   // "NumPoints" suctions spaced evenly in log10 from `lo` to `hi`.
   static std::vector<double> LogSpaced(double lo, double hi, std::uint32_t n);
 
+  bool suction_ = true;  // SuctionInput() of the table built, kept for Calculate
   double max_ = 1000.0;
   double min_ = 0.01;
   std::uint32_t numPoints_ = 20;

@@ -11,18 +11,24 @@ namespace v7 {
 
 std::wstring FnEstField::Name() const {
   switch (kind) {
-    case Double: return makeDouble(0).Name;
-    case Unsigned: return makeUnsigned(0).Name;
-    case Enum: return makeEnum(0).Name;
+    case Double:
+      return makeDouble(0).Name;
+    case Unsigned:
+      return makeUnsigned(0).Name;
+    case Enum:
+      return makeEnum(0).Name;
   }
   return {};
 }
 
 FnAttr FnEstField::Write(double v) const {
   switch (kind) {
-    case Double: return makeDouble(v);
-    case Unsigned: return makeUnsigned(static_cast<std::uint32_t>(v));
-    case Enum: return makeEnum(static_cast<std::int32_t>(v));
+    case Double:
+      return makeDouble(v);
+    case Unsigned:
+      return makeUnsigned(static_cast<std::uint32_t>(v));
+    case Enum:
+      return makeEnum(static_cast<std::int32_t>(v));
   }
   return {};
 }
@@ -31,7 +37,8 @@ bool FnEstField::Read(const FnAttr& a, double& v, gtl::status& s) const {
   if (kind == Double) return ReadBounded(a, v, s, lo, hi, allowUnset);
   if (kind == Unsigned) {
     std::uint32_t n = 0;
-    if (!ReadBounded(a, n, s, static_cast<std::uint32_t>(lo), static_cast<std::uint32_t>(hi))) return false;
+    if (!ReadBounded(a, n, s, static_cast<std::uint32_t>(lo), static_cast<std::uint32_t>(hi)))
+      return false;
     v = n;
     return true;
   }
@@ -48,7 +55,8 @@ FnEstField EstDouble(FnAttr (*make)(double), double def, double lo, double hi, b
   return f;
 }
 
-FnEstField EstCount(FnAttr (*make)(std::uint32_t), std::uint32_t def, std::uint32_t lo, std::uint32_t hi) {
+FnEstField EstCount(FnAttr (*make)(std::uint32_t), std::uint32_t def, std::uint32_t lo,
+                    std::uint32_t hi) {
   FnEstField f;
   f.kind = FnEstField::Unsigned;
   f.makeUnsigned = make;
@@ -56,7 +64,8 @@ FnEstField EstCount(FnAttr (*make)(std::uint32_t), std::uint32_t def, std::uint3
   return f;
 }
 
-FnEstField EstEnum(FnAttr (*make)(std::int32_t), const meta::MetaEnumCommon& (*table)(), std::int32_t def) {
+FnEstField EstEnum(FnAttr (*make)(std::int32_t), const meta::MetaEnumCommon& (*table)(),
+                   std::int32_t def) {
   FnEstField f;
   f.kind = FnEstField::Enum;
   f.makeEnum = make;
@@ -74,7 +83,8 @@ gtl::status FindWaterContentFn(std::uint32_t num, IFn& fn) {
   return {};
 }
 
-FnEstCurve::FnEstCurve(const std::vector<FnEstField>& fields, const wchar_t* input, const wchar_t* output)
+FnEstCurve::FnEstCurve(const std::vector<FnEstField>& fields, const wchar_t* input,
+                       const wchar_t* output)
     : fields_(&fields), input_(input), output_(output) {
   for (const FnEstField& f : fields) values_.push_back(f.def);
   SyncRange();
@@ -83,12 +93,14 @@ FnEstCurve::FnEstCurve(const std::vector<FnEstField>& fields, const wchar_t* inp
 void FnEstCurve::SyncRange() {
   if (const double v = Param(L"Min"); !qvi::IsNoValue(v)) min_ = v;
   if (const double v = Param(L"Max"); !qvi::IsNoValue(v)) max_ = v;
-  if (const double v = Param(L"NumPoints"); !qvi::IsNoValue(v)) numPoints_ = static_cast<std::uint32_t>(v);
+  if (const double v = Param(L"NumPoints"); !qvi::IsNoValue(v))
+    numPoints_ = static_cast<std::uint32_t>(v);
 }
 
 gtl::status FnEstCurve::ParamError(const std::wstring& name, const std::wstring& reason) const {
   for (std::size_t i = 0; i < fields_->size(); ++i)
-    if ((*fields_)[i].Name() == name) return AttributeError((*fields_)[i].Write(values_[i]), reason);
+    if ((*fields_)[i].Name() == name)
+      return AttributeError((*fields_)[i].Write(values_[i]), reason);
   return AttributeError(FnAttr(name), reason);
 }
 
@@ -118,7 +130,8 @@ gtl::status FnEstCurve::SetAttributes(const std::vector<FnAttr>& attrs) {
 }
 
 void FnEstCurve::GetDataAttributes(std::vector<FnAttr>& attrs) const {
-  for (std::size_t i = 0; i < fields_->size(); ++i) attrs.push_back((*fields_)[i].Write(values_[i]));
+  for (std::size_t i = 0; i < fields_->size(); ++i)
+    attrs.push_back((*fields_)[i].Write(values_[i]));
 }
 
 std::vector<double> FnEstCurve::LinSpaced(double lo, double hi, std::uint32_t n) {
@@ -138,7 +151,8 @@ gtl::status FnEstCurve::Generate(const std::vector<double>& xs, std::vector<doub
   ys.reserve(xs.size());
   for (double x : xs) {
     const double y = Estimate(x);
-    if (!std::isfinite(y) || qvi::IsNoValue(y)) return EstimateError(str::format(str::load_wstring(33530), x));
+    if (!std::isfinite(y) || qvi::IsNoValue(y))
+      return EstimateError(str::format(str::load_wstring(33530), x));
     ys.push_back(y);
   }
   return {};

@@ -26,14 +26,14 @@ namespace v7 {
 struct FnEstField {
   enum Kind { Double, Unsigned, Enum };
   Kind kind = Double;
-  FnAttr (*makeDouble)(double) = nullptr;           // the vocabulary factory (names the attribute)
+  FnAttr (*makeDouble)(double) = nullptr;  // the vocabulary factory (names the attribute)
   FnAttr (*makeUnsigned)(std::uint32_t) = nullptr;
   FnAttr (*makeEnum)(std::int32_t) = nullptr;
-  const meta::MetaEnumCommon& (*table)() = nullptr;  // the members of an enumeration
-  double def = 0;                                    // value of a new function
+  const meta::MetaEnumCommon& (*table)() = nullptr;   // the members of an enumeration
+  double def = 0;                                     // value of a new function
   double lo = std::numeric_limits<double>::lowest();  // accepted range
   double hi = std::numeric_limits<double>::max();
-  bool allowUnset = false;                           // empty text (the no-value marker) accepted
+  bool allowUnset = false;  // empty text (the no-value marker) accepted
 
   std::wstring Name() const;
   FnAttr Write(double v) const;
@@ -42,9 +42,12 @@ struct FnEstField {
 };
 
 // Field builders: a double in [lo, hi], a count in [lo, hi], an enumeration.
-FnEstField EstDouble(FnAttr (*make)(double), double def, double lo, double hi, bool allowUnset = false);
-FnEstField EstCount(FnAttr (*make)(std::uint32_t), std::uint32_t def, std::uint32_t lo, std::uint32_t hi);
-FnEstField EstEnum(FnAttr (*make)(std::int32_t), const meta::MetaEnumCommon& (*table)(), std::int32_t def);
+FnEstField EstDouble(FnAttr (*make)(double), double def, double lo, double hi,
+                     bool allowUnset = false);
+FnEstField EstCount(FnAttr (*make)(std::uint32_t), std::uint32_t def, std::uint32_t lo,
+                    std::uint32_t hi);
+FnEstField EstEnum(FnAttr (*make)(std::int32_t), const meta::MetaEnumCommon& (*table)(),
+                   std::int32_t def);
 
 // The water-content function numbered `num` (from 1) of the current
 // document's water-content list, or the "%s : %s" error naming "VolWCFnNum".
@@ -61,7 +64,9 @@ class FnEstCurve : public FnEstBase {
   // The value of a data attribute by name; qvi::kNoValue when the kind has none.
   double Param(const std::wstring& name) const;
   // The value of an enumeration or count attribute.
-  std::int32_t IntParam(const std::wstring& name) const { return static_cast<std::int32_t>(Param(name)); }
+  std::int32_t IntParam(const std::wstring& name) const {
+    return static_cast<std::int32_t>(Param(name));
+  }
 
  protected:
   // `fields` is the kind's static table; the values start at its defaults.

@@ -58,7 +58,7 @@
 
 namespace v7 {
 
-#define V7_SAND_MEMBERS                                                   \
+#define V7_SAND_MEMBERS                                                  \
   VeryLooseSand = static_cast<std::int32_t>(FnEstSample::VeryLooseSand), \
   LooseSand = static_cast<std::int32_t>(FnEstSample::LooseSand),         \
   MedLooseSand = static_cast<std::int32_t>(FnEstSample::MedLooseSand),   \
@@ -66,7 +66,10 @@ namespace v7 {
   DenseSand = static_cast<std::int32_t>(FnEstSample::DenseSand)
 
 struct FnEstCyclicNumberType {
-  enum eSampleMatl : std::int32_t { V7_SAND_MEMBERS, Cohesive = static_cast<std::int32_t>(FnEstSample::Cohesive) };
+  enum eSampleMatl : std::int32_t {
+    V7_SAND_MEMBERS,
+    Cohesive = static_cast<std::int32_t>(FnEstSample::Cohesive)
+  };
 };
 struct FnEstKalphaType {
   enum eSampleMatl : std::int32_t { V7_SAND_MEMBERS };
@@ -75,7 +78,10 @@ struct FnEstKsigmaType {
   enum eSampleMatl : std::int32_t { V7_SAND_MEMBERS };
 };
 struct FnEstMFSPWPType {
-  enum eSampleMatl : std::int32_t { V7_SAND_MEMBERS, SilicaSand = static_cast<std::int32_t>(FnEstSample::SilicaSand) };
+  enum eSampleMatl : std::int32_t {
+    V7_SAND_MEMBERS,
+    SilicaSand = static_cast<std::int32_t>(FnEstSample::SilicaSand)
+  };
 };
 #undef V7_SAND_MEMBERS
 

@@ -13,7 +13,7 @@ const FnKindRegistrar kGReduction(FnEstGReduction::TypeName(), &CreateFn<FnEstGR
 const FnKindRegistrar kDamping(FnEstDampingRatio::TypeName(), &CreateFn<FnEstDampingRatio>);
 
 // Darendeli (2001), Table 8.12.
-constexpr double kPhi[13] = {0,       0.0352, 0.0010, 0.3246,  0.3483, 0.9190, 0.8005,
+constexpr double kPhi[13] = {0,      0.0352,  0.0010,  0.3246, 0.3483, 0.9190, 0.8005,
                              0.0129, -0.1069, -0.2889, 0.2919, 0.6329, -0.0057};
 constexpr double kAtm = 101.325;  // kPa
 
@@ -43,8 +43,8 @@ double DarendeliModel::GReduction(double strain) const {
 double DarendeliModel::Damping(double strain) const {
   const double a = kPhi[5];
   const double g = strain * 100.0, gr = ReferenceStrain() * 100.0;  // in %
-  const double dMin = (kPhi[6] + kPhi[7] * pi * std::pow(ocr, kPhi[8])) * std::pow(sigmaAtm, kPhi[9]) *
-                      (1.0 + kPhi[10] * std::log(frequency));
+  const double dMin = (kPhi[6] + kPhi[7] * pi * std::pow(ocr, kPhi[8])) *
+                      std::pow(sigmaAtm, kPhi[9]) * (1.0 + kPhi[10] * std::log(frequency));
   // D_Masing,a=1 with x = gamma / gamma_r. The bracket is
   // 4 (x - ln(1 + x)) (1 + x) / x^2 - 2 = 4 sum_k>=1 (-1)^(k+1) x^k / ((k+1)(k+2)),
   // whose direct form loses its digits to cancellation at small x: below
@@ -74,7 +74,10 @@ DarendeliModel FnEstDarendeliCurve::Model() const {
   return m;
 }
 
-FnEstGReduction::FnEstGReduction() : FnEstDarendeliCurve(GReductionFields(), L"Cyclic shear strain (ratio)", L"Shear modulus reduction G/Gmax") {}
-FnEstDampingRatio::FnEstDampingRatio() : FnEstDarendeliCurve(DampingFields(), L"Cyclic shear strain (ratio)", L"Damping ratio") {}
+FnEstGReduction::FnEstGReduction()
+    : FnEstDarendeliCurve(GReductionFields(), L"Cyclic shear strain (ratio)",
+                          L"Shear modulus reduction G/Gmax") {}
+FnEstDampingRatio::FnEstDampingRatio()
+    : FnEstDarendeliCurve(DampingFields(), L"Cyclic shear strain (ratio)", L"Damping ratio") {}
 
 }  // namespace v7

@@ -42,11 +42,12 @@ void HoekBrown::NormalShear(double s3, double& sn, double& tau) const {
   tau = (s1 - s3) * std::sqrt(k) / (k + 1.0);
 }
 
-FnEstShearNormal::FnEstShearNormal() : FnEstCurve(Fields(), L"Normal stress (pressure unit)", L"Shear strength (pressure unit)") {}
+FnEstShearNormal::FnEstShearNormal()
+    : FnEstCurve(Fields(), L"Normal stress (pressure unit)", L"Shear strength (pressure unit)") {}
 
 gtl::status FnEstShearNormal::Tabulate(std::vector<double>& xs, std::vector<double>& ys) const {
-  const HoekBrown hb(Param(L"IntactRockParam"), Param(L"GeologicalStrength"), Param(L"DisturbanceFactor"),
-                     Param(L"SigmaC"));
+  const HoekBrown hb(Param(L"IntactRockParam"), Param(L"GeologicalStrength"),
+                     Param(L"DisturbanceFactor"), Param(L"SigmaC"));
   const double st = hb.TensileStrength(), top = Param(L"Sigma3");
   const auto n = static_cast<std::uint32_t>(Param(L"NumPoints"));
   xs.clear();
@@ -55,7 +56,8 @@ gtl::status FnEstShearNormal::Tabulate(std::vector<double>& xs, std::vector<doub
     const double t = static_cast<double>(i) / (n - 1);
     double sn = 0, tau = 0;
     hb.NormalShear(i + 1 == n ? top : st + (top - st) * t * t, sn, tau);
-    if (!std::isfinite(sn) || !std::isfinite(tau)) return EstimateError(str::format(str::load_wstring(33530), t));
+    if (!std::isfinite(sn) || !std::isfinite(tau))
+      return EstimateError(str::format(str::load_wstring(33530), t));
     xs.push_back(sn);
     ys.push_back(tau);
   }

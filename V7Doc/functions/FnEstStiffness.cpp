@@ -28,17 +28,18 @@ const meta::MetaEnumCommon& meta::EnumTable<v7::FnEstGmaxType::eEstMethod>() {
 
 template <>
 const meta::MetaEnumCommon& meta::EnumTable<v7::FnEstEModType::eSampleMatl>() {
-  static const MetaEnumCommon t(L"FnEstEModType::eSampleMatl",
-                                {SampleEntry(FnEstSample::Granular), SampleEntry(FnEstSample::Cohesive),
-                                 SampleEntry(FnEstSample::Gravel)});
+  static const MetaEnumCommon t(L"FnEstEModType::eSampleMatl", {SampleEntry(FnEstSample::Granular),
+                                                                SampleEntry(FnEstSample::Cohesive),
+                                                                SampleEntry(FnEstSample::Gravel)});
   return t;
 }
 
 template <>
 const meta::MetaEnumCommon& meta::EnumTable<v7::FnEstRecModulusType::eSampleMatl>() {
-  static const MetaEnumCommon t(L"FnEstRecModulusType::eSampleMatl",
-                                {SampleEntry(FnEstSample::Granular), SampleEntry(FnEstSample::Cohesive),
-                                 SampleEntry(FnEstSample::Gravel)});
+  static const MetaEnumCommon t(
+      L"FnEstRecModulusType::eSampleMatl",
+      {SampleEntry(FnEstSample::Granular), SampleEntry(FnEstSample::Cohesive),
+       SampleEntry(FnEstSample::Gravel)});
   return t;
 }
 
@@ -49,16 +50,18 @@ const FnKindRegistrar kGmax(FnEstGmax::TypeName(), &CreateFn<FnEstGmax>);
 const FnKindRegistrar kEMod(FnEstEMod::TypeName(), &CreateFn<FnEstEMod>);
 const FnKindRegistrar kRecModulus(FnEstRecModulus::TypeName(), &CreateFn<FnEstRecModulus>);
 
-constexpr double kPa = 101.325;               // atmospheric pressure, kPa
-constexpr double kJanbuRef = 100.0;           // Janbu's reference stress, kPa
+constexpr double kPa = 101.325;      // atmospheric pressure, kPa
+constexpr double kJanbuRef = 100.0;  // Janbu's reference stress, kPa
 constexpr double kPsfPerKPa = 20.885434233150127;
-constexpr double kUnitWeight = 20.0;          // kN/m^3, for the stress at "Depth"
+constexpr double kUnitWeight = 20.0;  // kN/m^3, for the stress at "Depth"
 constexpr double kBig = 1e12;
 
 const std::vector<FnEstField>& GmaxFields() {
   static const std::vector<FnEstField> f = {
-      EstEnum(FnAttrSampleMatlGmax, &meta::EnumTable<FnEstGmaxType::eSampleMatl>, FnEstGmaxType::MedDenseSand),
-      EstEnum(FnAttrGmaxEstMethod, &meta::EnumTable<FnEstGmaxType::eEstMethod>, FnEstGmaxType::SeedIdriss),
+      EstEnum(FnAttrSampleMatlGmax, &meta::EnumTable<FnEstGmaxType::eSampleMatl>,
+              FnEstGmaxType::MedDenseSand),
+      EstEnum(FnAttrGmaxEstMethod, &meta::EnumTable<FnEstGmaxType::eEstMethod>,
+              FnEstGmaxType::SeedIdriss),
       EstDouble(FnAttrDepth, 50.0, 0.0, 1e5),
       EstDouble(FnAttrKModifier, 1.0, 0.0, kBig),
       EstDouble(FnAttrK0, 0.5, 0.0, 10.0),
@@ -70,32 +73,42 @@ const std::vector<FnEstField>& GmaxFields() {
 
 const std::vector<FnEstField>& EModFields() {
   static const std::vector<FnEstField> f = {
-      EstEnum(FnAttrSampleMatlEMod, &meta::EnumTable<FnEstEModType::eSampleMatl>, FnEstEModType::Granular),
-      EstDouble(FnAttrDepth, 50.0, 0.0, 1e5),
-      EstDouble(FnAttrKModifier, 100.0, 0.0, kBig),
+      EstEnum(FnAttrSampleMatlEMod, &meta::EnumTable<FnEstEModType::eSampleMatl>,
+              FnEstEModType::Granular),
+      EstDouble(FnAttrDepth, 50.0, 0.0, 1e5), EstDouble(FnAttrKModifier, 100.0, 0.0, kBig),
       EstDouble(FnAttrNExponent, qvi::kNoValue, 0.0, 2.0, true),
       EstDouble(FnAttrK0, 0.5, 0.0, 10.0)};
   return f;
 }
 
 const std::vector<FnEstField>& RecModulusFields() {
-  static const std::vector<FnEstField> f = {EstEnum(
-      FnAttrSampleMatlRecModulus, &meta::EnumTable<FnEstRecModulusType::eSampleMatl>, FnEstRecModulusType::Granular)};
+  static const std::vector<FnEstField> f = {
+      EstEnum(FnAttrSampleMatlRecModulus, &meta::EnumTable<FnEstRecModulusType::eSampleMatl>,
+              FnEstRecModulusType::Granular)};
   return f;
 }
 
 // K2max of Seed and Idriss (1970) by relative density, and of gravels.
 double K2max(FnEstSample m) {
   switch (m) {
-    case FnEstSample::VeryLooseSand: return 34;
-    case FnEstSample::LooseSand: return 40;
-    case FnEstSample::MedLooseSand: return 43;
-    case FnEstSample::MedDenseSand: return 52;
-    case FnEstSample::DenseSand: return 70;
-    case FnEstSample::LooseGravel: return 80;
-    case FnEstSample::MedDenseGravel: return 130;
-    case FnEstSample::DenseGravel: return 180;
-    default: return 0;
+    case FnEstSample::VeryLooseSand:
+      return 34;
+    case FnEstSample::LooseSand:
+      return 40;
+    case FnEstSample::MedLooseSand:
+      return 43;
+    case FnEstSample::MedDenseSand:
+      return 52;
+    case FnEstSample::DenseSand:
+      return 70;
+    case FnEstSample::LooseGravel:
+      return 80;
+    case FnEstSample::MedDenseGravel:
+      return 130;
+    case FnEstSample::DenseGravel:
+      return 180;
+    default:
+      return 0;
   }
 }
 
@@ -116,7 +129,9 @@ std::vector<double> FnEstStressCurve::DepthAxis() const {
   return LogSpaced(1.0 * u, top * u, 31);
 }
 
-FnEstGmax::FnEstGmax() : FnEstStressCurve(GmaxFields(), L"Vertical effective stress (pressure unit)", L"Small-strain shear modulus Gmax (pressure unit)") {}
+FnEstGmax::FnEstGmax()
+    : FnEstStressCurve(GmaxFields(), L"Vertical effective stress (pressure unit)",
+                       L"Small-strain shear modulus Gmax (pressure unit)") {}
 
 double FnEstGmax::Estimate(double x) const {
   const double u = KiloPascalInDocumentUnits();
@@ -133,7 +148,9 @@ double FnEstGmax::Estimate(double x) const {
   return Param(L"KModifier") * g * u;
 }
 
-FnEstEMod::FnEstEMod() : FnEstStressCurve(EModFields(), L"Vertical effective stress (pressure unit)", L"Elastic modulus E (pressure unit)") {}
+FnEstEMod::FnEstEMod()
+    : FnEstStressCurve(EModFields(), L"Vertical effective stress (pressure unit)",
+                       L"Elastic modulus E (pressure unit)") {}
 
 double FnEstEMod::Estimate(double x) const {
   const double u = KiloPascalInDocumentUnits();
@@ -143,7 +160,9 @@ double FnEstEMod::Estimate(double x) const {
   return Param(L"KModifier") * kJanbuRef * std::pow(sm / kJanbuRef, n) * u;
 }
 
-FnEstRecModulus::FnEstRecModulus() : FnEstStressCurve(RecModulusFields(), L"Bulk or deviator stress (pressure unit)", L"Resilient modulus Mr (pressure unit)") {}
+FnEstRecModulus::FnEstRecModulus()
+    : FnEstStressCurve(RecModulusFields(), L"Bulk or deviator stress (pressure unit)",
+                       L"Resilient modulus Mr (pressure unit)") {}
 
 std::vector<double> FnEstRecModulus::Abscissae() const {
   const double u = KiloPascalInDocumentUnits();
@@ -154,9 +173,14 @@ double FnEstRecModulus::Estimate(double x) const {
   const double u = KiloPascalInDocumentUnits();
   double k1 = 700, k2 = 0.5;
   switch (IntParam(L"SampleMatlRecModulus")) {
-    case FnEstRecModulusType::Gravel: k1 = 1000; break;
-    case FnEstRecModulusType::Cohesive: k1 = 400, k2 = -0.2; break;
-    default: break;
+    case FnEstRecModulusType::Gravel:
+      k1 = 1000;
+      break;
+    case FnEstRecModulusType::Cohesive:
+      k1 = 400, k2 = -0.2;
+      break;
+    default:
+      break;
   }
   return k1 * kPa * std::pow(x / u / kPa, k2) * u;
 }

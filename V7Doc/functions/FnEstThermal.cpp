@@ -9,12 +9,12 @@
 using v7::FnEstSample;
 using v7::SampleEntry;
 
-#define V7_DENSITY_ENTRIES                                                                                    \
-  SampleEntry(FnEstSample::SandDensity150), SampleEntry(FnEstSample::SandDensity145),                        \
-      SampleEntry(FnEstSample::SandDensity140), SampleEntry(FnEstSample::SandDensity135),                    \
-      SampleEntry(FnEstSample::SiltDensity135), SampleEntry(FnEstSample::SiltDensity130),                    \
-      SampleEntry(FnEstSample::SiltDensity125), SampleEntry(FnEstSample::SiltDensity120),                    \
-      SampleEntry(FnEstSample::ClayDensity135), SampleEntry(FnEstSample::ClayDensity130),                    \
+#define V7_DENSITY_ENTRIES                                                                \
+  SampleEntry(FnEstSample::SandDensity150), SampleEntry(FnEstSample::SandDensity145),     \
+      SampleEntry(FnEstSample::SandDensity140), SampleEntry(FnEstSample::SandDensity135), \
+      SampleEntry(FnEstSample::SiltDensity135), SampleEntry(FnEstSample::SiltDensity130), \
+      SampleEntry(FnEstSample::SiltDensity125), SampleEntry(FnEstSample::SiltDensity120), \
+      SampleEntry(FnEstSample::ClayDensity135), SampleEntry(FnEstSample::ClayDensity130), \
       SampleEntry(FnEstSample::ClayDensity125), SampleEntry(FnEstSample::ClayDensity120)
 
 template <>
@@ -28,7 +28,8 @@ const meta::MetaEnumCommon& meta::EnumTable<v7::FnEstUnfrozenWCType::eSampleMatl
   static const MetaEnumCommon t(
       L"FnEstUnfrozenWCType::eSampleMatl",
       {V7_DENSITY_ENTRIES, SampleEntry(FnEstSample::LowPlasticDensity135),
-       SampleEntry(FnEstSample::LowPlasticDensity130), SampleEntry(FnEstSample::LowPlasticDensity125),
+       SampleEntry(FnEstSample::LowPlasticDensity130),
+       SampleEntry(FnEstSample::LowPlasticDensity125),
        SampleEntry(FnEstSample::LowPlasticDensity120), SampleEntry(FnEstSample::HighPlastic)});
   return t;
 }
@@ -42,40 +43,43 @@ const FnKindRegistrar kUnfrozen(FnEstUnfrozenWC::TypeName(), &CreateFn<FnEstUnfr
 const FnKindRegistrar kKvsVolWC(FnEstThermalKvsVolWC::TypeName(), &CreateFn<FnEstThermalKvsVolWC>);
 const FnKindRegistrar kVolSpecHeat(FnEstVolSpecHeat::TypeName(), &CreateFn<FnEstVolSpecHeat>);
 
-constexpr double kRhoW = 1000.0;        // kg/m^3
-constexpr double kGs = 2.65;            // specific gravity of solids
-constexpr double kKerstenUnit = 0.1442279;  // W/(m K) per BTU in/(ft^2 h F)
+constexpr double kRhoW = 1000.0;             // kg/m^3
+constexpr double kGs = 2.65;                 // specific gravity of solids
+constexpr double kKerstenUnit = 0.1442279;   // W/(m K) per BTU in/(ft^2 h F)
 constexpr double kPcf = 16.018463373960138;  // kg/m^3 per lb/ft^3
-constexpr double kWaterK = 0.57;        // W/(m K), Johansen
-constexpr double kJohansenRhoS = 2700;  // kg/m^3, Johansen's particle density
-constexpr double kDeVriesRhoS = 2650;   // kg/m^3
-constexpr double kWaterC = 4.18e6;      // J/(m^3 K)
+constexpr double kWaterK = 0.57;             // W/(m K), Johansen
+constexpr double kJohansenRhoS = 2700;       // kg/m^3, Johansen's particle density
+constexpr double kDeVriesRhoS = 2650;        // kg/m^3
+constexpr double kWaterC = 4.18e6;           // J/(m^3 K)
 constexpr double kBig = 1e30;
 
 const std::vector<FnEstField>& KvsTempFields() {
   static const std::vector<FnEstField> f = {
       EstDouble(FnAttrTCFrozen, qvi::kNoValue, 0.0, kBig, true),
       EstDouble(FnAttrTCUnfrozen, qvi::kNoValue, 0.0, kBig, true),
-      EstEnum(FnAttrSampleMatlThermalKvsTemp, &meta::EnumTable<FnEstThermalKvsTempType::eSampleMatl>,
+      EstEnum(FnAttrSampleMatlThermalKvsTemp,
+              &meta::EnumTable<FnEstThermalKvsTempType::eSampleMatl>,
               FnEstThermalKvsTempType::SiltDensity120)};
   return f;
 }
 const std::vector<FnEstField>& UnfrozenFields() {
-  static const std::vector<FnEstField> f = {EstEnum(FnAttrSampleMatlUnfrozenWC,
-                                                    &meta::EnumTable<FnEstUnfrozenWCType::eSampleMatl>,
-                                                    FnEstUnfrozenWCType::SiltDensity120)};
+  static const std::vector<FnEstField> f = {
+      EstEnum(FnAttrSampleMatlUnfrozenWC, &meta::EnumTable<FnEstUnfrozenWCType::eSampleMatl>,
+              FnEstUnfrozenWCType::SiltDensity120)};
   return f;
 }
 const std::vector<FnEstField>& KvsVolWCFields() {
   static const std::vector<FnEstField> f = {
-      EstCount(FnAttrVolWCFnNum, 0, 0, 0xFFFFFFFFu), EstDouble(FnAttrMineralThermalK, 2.5, 1e-6, kBig),
+      EstCount(FnAttrVolWCFnNum, 0, 0, 0xFFFFFFFFu),
+      EstDouble(FnAttrMineralThermalK, 2.5, 1e-6, kBig),
       EstDouble(FnAttrMax, qvi::kNoValue, 0.0, 1.0, true), EstDouble(FnAttrMin, 0.0, 0.0, 1.0),
       EstCount(FnAttrNumPoints, 20, 2, FnEstBase::kMaxPoints)};
   return f;
 }
 const std::vector<FnEstField>& VolSpecHeatFields() {
   static const std::vector<FnEstField> f = {
-      EstCount(FnAttrVolWCFnNum, 0, 0, 0xFFFFFFFFu), EstDouble(FnAttrMassSpecHeat, 800.0, 0.0, kBig),
+      EstCount(FnAttrVolWCFnNum, 0, 0, 0xFFFFFFFFu),
+      EstDouble(FnAttrMassSpecHeat, 800.0, 0.0, kBig),
       EstDouble(FnAttrMax, qvi::kNoValue, 0.0, 1.0, true), EstDouble(FnAttrMin, 0.0, 0.0, 1.0),
       EstCount(FnAttrNumPoints, 20, 2, FnEstBase::kMaxPoints)};
   return f;
@@ -90,7 +94,9 @@ double SpecificSurface(FnEstSample m) {
   return 750;  // HighPlastic
 }
 
-bool IsSand(FnEstSample m) { return static_cast<int>(m) <= static_cast<int>(FnEstSample::SandDensity135); }
+bool IsSand(FnEstSample m) {
+  return static_cast<int>(m) <= static_cast<int>(FnEstSample::SandDensity135);
+}
 
 // Temperatures of the tables: -20 C to +2 C, 0.25 C apart.
 std::vector<double> TemperatureAxis() {
@@ -107,12 +113,13 @@ double UnfrozenWaterContent(FnEstSample m, double celsius) {
   const double n = SamplePorosity(m);
   if (!(celsius < 0)) return n;
   const double S = SpecificSurface(m);
-  const double wu = std::exp(0.2618 + 0.5519 * std::log(S) - 1.449 * std::pow(S, -0.264) * std::log(-celsius));
+  const double wu =
+      std::exp(0.2618 + 0.5519 * std::log(S) - 1.449 * std::pow(S, -0.264) * std::log(-celsius));
   return std::min(n, wu / 100.0 * SampleDryDensity(m) / kRhoW);
 }
 
 void KerstenConductivity(FnEstSample m, double& unfrozen, double& frozen) {
-  const double rho = SampleDryDensity(m) / kPcf;                   // lb/ft^3
+  const double rho = SampleDryDensity(m) / kPcf;                       // lb/ft^3
   const double w = 100.0 * (kRhoW / SampleDryDensity(m) - 1.0 / kGs);  // % at saturation
   if (IsSand(m)) {
     unfrozen = (0.7 * std::log10(w) + 0.4) * std::pow(10.0, 0.01 * rho);
@@ -125,7 +132,8 @@ void KerstenConductivity(FnEstSample m, double& unfrozen, double& frozen) {
   frozen *= kKerstenUnit;
 }
 
-FnEstThermalKvsTemp::FnEstThermalKvsTemp() : FnEstCurve(KvsTempFields(), L"Temperature (C)", L"Thermal conductivity (W/(m K))") {}
+FnEstThermalKvsTemp::FnEstThermalKvsTemp()
+    : FnEstCurve(KvsTempFields(), L"Temperature (C)", L"Thermal conductivity (W/(m K))") {}
 
 std::vector<double> FnEstThermalKvsTemp::Abscissae() const { return TemperatureAxis(); }
 
@@ -139,7 +147,8 @@ double FnEstThermalKvsTemp::Estimate(double t) const {
   return kf + (ku - kf) * share;
 }
 
-FnEstUnfrozenWC::FnEstUnfrozenWC() : FnEstCurve(UnfrozenFields(), L"Temperature (C)", L"Unfrozen volumetric water content") {}
+FnEstUnfrozenWC::FnEstUnfrozenWC()
+    : FnEstCurve(UnfrozenFields(), L"Temperature (C)", L"Unfrozen volumetric water content") {}
 
 std::vector<double> FnEstUnfrozenWC::Abscissae() const { return TemperatureAxis(); }
 
@@ -149,7 +158,8 @@ double FnEstUnfrozenWC::Estimate(double t) const {
 
 gtl::status FnEstOverWaterContent::Check() const {
   IFn wc;
-  if (gtl::status s = FindWaterContentFn(static_cast<std::uint32_t>(Param(L"VolWCFnNum")), wc); !s.succeeded())
+  if (gtl::status s = FindWaterContentFn(static_cast<std::uint32_t>(Param(L"VolWCFnNum")), wc);
+      !s.succeeded())
     return s;
   const double n = wc(0.0);
   if (!(n > 0 && n <= 1)) return EstimateError(str::load_wstring(33511));
@@ -165,7 +175,9 @@ std::vector<double> FnEstOverWaterContent::Abscissae() const {
   return LinSpaced(Param(L"Min"), hi, static_cast<std::uint32_t>(Param(L"NumPoints")));
 }
 
-FnEstThermalKvsVolWC::FnEstThermalKvsVolWC() : FnEstOverWaterContent(KvsVolWCFields(), L"Volumetric water content", L"Thermal conductivity (W/(m K))") {}
+FnEstThermalKvsVolWC::FnEstThermalKvsVolWC()
+    : FnEstOverWaterContent(KvsVolWCFields(), L"Volumetric water content",
+                            L"Thermal conductivity (W/(m K))") {}
 
 double FnEstThermalKvsVolWC::Estimate(double theta) const {
   const double n = porosity_;
@@ -177,7 +189,9 @@ double FnEstThermalKvsVolWC::Estimate(double theta) const {
   return (kSat - kDry) * ke + kDry;
 }
 
-FnEstVolSpecHeat::FnEstVolSpecHeat() : FnEstOverWaterContent(VolSpecHeatFields(), L"Volumetric water content", L"Volumetric specific heat (J/(m3 K))") {}
+FnEstVolSpecHeat::FnEstVolSpecHeat()
+    : FnEstOverWaterContent(VolSpecHeatFields(), L"Volumetric water content",
+                            L"Volumetric specific heat (J/(m3 K))") {}
 
 double FnEstVolSpecHeat::Estimate(double theta) const {
   return (1.0 - porosity_) * kDeVriesRhoS * Param(L"MassSpecHeat") + theta * kWaterC;

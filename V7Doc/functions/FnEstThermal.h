@@ -66,19 +66,40 @@ namespace v7 {
 
 struct FnEstThermalKvsTempType {
   enum eSampleMatl : std::int32_t {
-    V7_MEMBER(SandDensity150), V7_MEMBER(SandDensity145), V7_MEMBER(SandDensity140), V7_MEMBER(SandDensity135),
-    V7_MEMBER(SiltDensity135), V7_MEMBER(SiltDensity130), V7_MEMBER(SiltDensity125), V7_MEMBER(SiltDensity120),
-    V7_MEMBER(ClayDensity135), V7_MEMBER(ClayDensity130), V7_MEMBER(ClayDensity125), V7_MEMBER(ClayDensity120),
+    V7_MEMBER(SandDensity150),
+    V7_MEMBER(SandDensity145),
+    V7_MEMBER(SandDensity140),
+    V7_MEMBER(SandDensity135),
+    V7_MEMBER(SiltDensity135),
+    V7_MEMBER(SiltDensity130),
+    V7_MEMBER(SiltDensity125),
+    V7_MEMBER(SiltDensity120),
+    V7_MEMBER(ClayDensity135),
+    V7_MEMBER(ClayDensity130),
+    V7_MEMBER(ClayDensity125),
+    V7_MEMBER(ClayDensity120),
   };
 };
 
 struct FnEstUnfrozenWCType {
   enum eSampleMatl : std::int32_t {
-    V7_MEMBER(SandDensity150), V7_MEMBER(SandDensity145), V7_MEMBER(SandDensity140), V7_MEMBER(SandDensity135),
-    V7_MEMBER(SiltDensity135), V7_MEMBER(SiltDensity130), V7_MEMBER(SiltDensity125), V7_MEMBER(SiltDensity120),
-    V7_MEMBER(ClayDensity135), V7_MEMBER(ClayDensity130), V7_MEMBER(ClayDensity125), V7_MEMBER(ClayDensity120),
-    V7_MEMBER(LowPlasticDensity135), V7_MEMBER(LowPlasticDensity130), V7_MEMBER(LowPlasticDensity125),
-    V7_MEMBER(LowPlasticDensity120), V7_MEMBER(HighPlastic),
+    V7_MEMBER(SandDensity150),
+    V7_MEMBER(SandDensity145),
+    V7_MEMBER(SandDensity140),
+    V7_MEMBER(SandDensity135),
+    V7_MEMBER(SiltDensity135),
+    V7_MEMBER(SiltDensity130),
+    V7_MEMBER(SiltDensity125),
+    V7_MEMBER(SiltDensity120),
+    V7_MEMBER(ClayDensity135),
+    V7_MEMBER(ClayDensity130),
+    V7_MEMBER(ClayDensity125),
+    V7_MEMBER(ClayDensity120),
+    V7_MEMBER(LowPlasticDensity135),
+    V7_MEMBER(LowPlasticDensity130),
+    V7_MEMBER(LowPlasticDensity125),
+    V7_MEMBER(LowPlasticDensity120),
+    V7_MEMBER(HighPlastic),
   };
 };
 #undef V7_MEMBER

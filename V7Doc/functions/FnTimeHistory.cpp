@@ -23,7 +23,8 @@ std::vector<FnPoint> IntegrateAcceleration(const std::vector<FnPoint>& accelerat
   std::vector<FnPoint> a;
   for (const FnPoint& p : acceleration)
     if (!p.HasMissing()) a.push_back(p);
-  std::stable_sort(a.begin(), a.end(), [](const FnPoint& l, const FnPoint& r) { return l.x < r.x; });
+  std::stable_sort(a.begin(), a.end(),
+                   [](const FnPoint& l, const FnPoint& r) { return l.x < r.x; });
   std::vector<FnPoint> v;
   double vel = 0;
   for (std::size_t i = 0; i < a.size(); ++i) {
@@ -41,7 +42,8 @@ IFn VelocityFromAcceleration(const IFn& acceleration) {
     v = new FnYVel();
   else
     return IFn();
-  const std::vector<FnPoint> pts = IntegrateAcceleration(dynamic_cast<const FnDataPoints&>(*acceleration).DataPoints());
+  const std::vector<FnPoint> pts =
+      IntegrateAcceleration(dynamic_cast<const FnDataPoints&>(*acceleration).DataPoints());
   v->Assign(pts.data(), pts.data() + pts.size());
   return IFn(v);
 }

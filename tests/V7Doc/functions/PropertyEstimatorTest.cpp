@@ -106,7 +106,8 @@ TEST(PropertyEstimators, FormulasMatchIndependentValues) {
   };
   for (const auto& c : cases) {
     const IFn fn = Estimate(c.text);
-    EXPECT_NEAR(fn(c.x), c.expected, c.relTol * std::abs(c.expected)) << str::to_utf8(c.text) << " at " << c.x;
+    EXPECT_NEAR(fn(c.x), c.expected, c.relTol * std::abs(c.expected))
+        << str::to_utf8(c.text) << " at " << c.x;
   }
   // The Brooks-Corey index found on that curve (Se 1/2 and 1/4 in closed form).
   const IFn airK = Estimate(L"FnEstAirK(VolWCFnNum=1)");
@@ -147,7 +148,8 @@ TEST(PropertyEstimators, ShapesAndBounds) {
     EXPECT_GE(di, dPrev) << strain;
     gPrev = gi, dPrev = di;
   }
-  for (const wchar_t* text : {L"FnEstDynPWP(NExponent=0.3)", L"FnEstDynPWP()", L"FnEstDynPWP(NExponent=3)"}) {
+  for (const wchar_t* text :
+       {L"FnEstDynPWP(NExponent=0.3)", L"FnEstDynPWP()", L"FnEstDynPWP(NExponent=3)"}) {
     const IFn ru = Estimate(text);
     double prev = 0;
     for (int i = -10; i <= 110; ++i) {
@@ -201,7 +203,8 @@ TEST(PropertyEstimators, MalformedAttributesAreReportedAndChangeNothing) {
     const wchar_t* attr;
   } cases[] = {
       {L"FnEstGmax(SampleMatlGmax=Granite)", L"SampleMatlGmax"},
-      {L"FnEstGmax(SampleMatlGmax=SandDensity150)", L"SampleMatlGmax"},  // a member of another estimator
+      {L"FnEstGmax(SampleMatlGmax=SandDensity150)",
+       L"SampleMatlGmax"},  // a member of another estimator
       {L"FnEstGReduction(PI=-5)", L"PI"},
       {L"FnEstDampingRatio(OCR=abc)", L"OCR"},
       {L"FnEstShearNormal(GeologicalStrength=101)", L"GeologicalStrength"},
@@ -228,8 +231,8 @@ TEST(PropertyEstimators, MalformedAttributesAreReportedAndChangeNothing) {
   EXPECT_EQ(fn.as_wstring(), before);
   // A water-content function number that names nothing is reported by the
   // update with the attribute's name, and leaves no table.
-  for (const wchar_t* text : {L"FnEstThermalKvsVolWC(VolWCFnNum=7)", L"FnEstVolSpecHeat()",
-                              L"FnEstAirK(VolWCFnNum=2)"}) {
+  for (const wchar_t* text :
+       {L"FnEstThermalKvsVolWC(VolWCFnNum=7)", L"FnEstVolSpecHeat()", L"FnEstAirK(VolWCFnNum=2)"}) {
     IFn e;
     ASSERT_TRUE(FnCreate(text, e).succeeded());
     const gtl::status u = e.Unshared()->UpdateCalculatedValues();
@@ -247,7 +250,8 @@ TEST(PropertyEstimators, NoValueBeforeATableThenEveryKindEstimates) {
   for (const std::wstring& kind : RegisteredFnKinds()) {
     if (kind.rfind(L"FnEst", 0) != 0 || kind == L"FnEstHydK" || kind == L"FnEstVolWC") continue;
     IFn fn;
-    ASSERT_TRUE(FnCreate(kind + L"(VolWCFnNum=1)", fn).succeeded() || FnCreate(kind + L"()", fn).succeeded());
+    ASSERT_TRUE(FnCreate(kind + L"(VolWCFnNum=1)", fn).succeeded() ||
+                FnCreate(kind + L"()", fn).succeeded());
     if (!fn->HasAttribute(L"VolWCFnNum")) ASSERT_TRUE(FnCreate(kind + L"()", fn).succeeded());
     const double x = fn->InputRangeNumPoints() > 0 ? fn->InputRangeAt(0) : 0.5;
     EXPECT_EQ(fn(x), kNo) << str::to_utf8(kind);
