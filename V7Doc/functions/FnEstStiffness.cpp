@@ -52,7 +52,9 @@ const FnKindRegistrar kRecModulus(FnEstRecModulus::TypeName(), &CreateFn<FnEstRe
 
 constexpr double kPa = 101.325;      // atmospheric pressure, kPa
 constexpr double kJanbuRef = 100.0;  // Janbu's reference stress, kPa
-constexpr double kPsfPerKPa = 20.885434233150127;
+// psf per kPa: the factor of the document layer (SoilWaterUnits), so that an
+// imperial document gets Seed and Idriss's psf form exactly.
+constexpr double kPsfPerKPa = 20.8854;
 constexpr double kUnitWeight = 20.0;  // kN/m^3, for the stress at "Depth"
 constexpr double kBig = 1e12;
 

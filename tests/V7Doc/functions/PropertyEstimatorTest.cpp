@@ -9,6 +9,10 @@
 #include "QVI/str/Convert.h"
 #include "V7Doc/document/QVDocument.h"
 #include "V7Doc/functions/FnEstAirK.h"
+#include "V7Doc/functions/FnEstCyclic.h"
+#include "V7Doc/functions/FnEstDarendeli.h"
+#include "V7Doc/functions/FnEstLAI.h"
+#include "V7Doc/functions/FnEstStiffness.h"
 #include "V7Doc/functions/FnEstShearNormal.h"
 #include "V7Doc/functions/FnEstThermal.h"
 #include "V7Doc/functions/FnRegistry.h"
@@ -50,11 +54,12 @@ TEST(PropertyEstimators, FormulasMatchIndependentValues) {
     const wchar_t* text;
     double x, expected, relTol;
   } cases[] = {
-      // Seed and Idriss (1970), K2max 52 at Dr 60 %; s'm = 100 (1 + 2 x 0.5) / 3.
-      {L"FnEstGmax()", 100, 92904.330822205886, 1e-9},
+      // Seed and Idriss (1970), K2max 52 at Dr 60 %; s'm = 100 (1 + 2 x 0.5) / 3,
+      // psf per kPa 20.8854.
+      {L"FnEstGmax()", 100, 92904.40696167655, 1e-9},
       // Hardin (1978), e 0.6, OCR 2, PI 30 (k = 0.24).
       {L"FnEstGmax(GmaxEstMethod=Hardin,VoidRatio=0.6,OCR=2,PI=30)", 100, 109900.79024772241, 1e-9},
-      {L"FnEstGmax(KModifier=2)", 100, 2 * 92904.330822205886, 1e-9},
+      {L"FnEstGmax(KModifier=2)", 100, 2 * 92904.40696167655, 1e-9},
       // Janbu (1963): cohesive n = 1 gives E = m s'm (hand: 100 x 66.667).
       {L"FnEstEMod(SampleMatlEMod=Cohesive)", 100, 6666.666666666667, 1e-9},
       {L"FnEstEMod()", 100, 8164.9658092772603, 1e-9},
@@ -112,6 +117,54 @@ TEST(PropertyEstimators, FormulasMatchIndependentValues) {
   // The Brooks-Corey index found on that curve (Se 1/2 and 1/4 in closed form).
   const IFn airK = Estimate(L"FnEstAirK(VolWCFnNum=1)");
   EXPECT_NEAR(dynamic_cast<const FnEstAirK&>(*airK).Lambda(), 0.47319731517859308, 1e-9);
+}
+
+TEST(PropertyEstimators, StressesFollowTheDocumentUnits) {
+  // Seed and Idriss's own form in psf: Gmax = 1000 K2max sqrt(s'm), K2max 52
+  // and s'm = s'v = 2000 psf with K0 = 1 (hand: 1000 x 52 x 44.721).
+  QVDocumentHandle previous = QVDocumentGetCurrentHandle(), doc(new QVDocument());
+  doc->DataInit();
+  doc->Eng().SetUnitSystem(EngUnitSystem::Imperial);
+  QVDocumentSetCurrentHandle(doc);
+  const IFn g = Estimate(L"FnEstGmax(K0=1)");
+  EXPECT_NEAR(g(2000.0), 2325510.6965997813, 1e-9 * 2.3e6);
+  QVDocumentSetCurrentHandle(previous);
+}
+
+TEST(PropertyEstimators, SampleMaterialsAndTextRoundTrips) {
+  // Every stored sample-material name belongs to some estimator, under its
+  // one shared value.
+  const meta::MetaEnumCommon* tables[] = {
+      &meta::EnumTable<FnEstGmaxType::eSampleMatl>(),        &meta::EnumTable<FnEstEModType::eSampleMatl>(),
+      &meta::EnumTable<FnEstRecModulusType::eSampleMatl>(),  &meta::EnumTable<FnEstCyclicNumberType::eSampleMatl>(),
+      &meta::EnumTable<FnEstKalphaType::eSampleMatl>(),      &meta::EnumTable<FnEstKsigmaType::eSampleMatl>(),
+      &meta::EnumTable<FnEstMFSPWPType::eSampleMatl>(),      &meta::EnumTable<FnEstThermalKvsTempType::eSampleMatl>(),
+      &meta::EnumTable<FnEstUnfrozenWCType::eSampleMatl>()};
+  for (int m = 0; m <= static_cast<int>(FnEstSample::Gravel); ++m) {
+    bool found = false;
+    for (const auto* t : tables)
+      if (auto v = t->ValueOf(SampleName(static_cast<FnEstSample>(m)))) found = found || *v == m;
+    EXPECT_TRUE(found) << str::to_utf8(SampleName(static_cast<FnEstSample>(m)));
+  }
+  EXPECT_EQ(meta::EnumTable<FnEstLAIType::eGrassQuality>().ValueOf(L"Excellent"), 2);
+  // Texts with names and unset values read back to equal functions.
+  for (const wchar_t* text :
+       {L"FnEstGmax(InputParam=21,SampleMatlGmax=LooseGravel,GmaxEstMethod=Hardin,PI=12.5)",
+        L"FnEstEMod(SampleMatlEMod=Gravel,NExponent=0.4)", L"FnEstEMod(NExponent=)",
+        L"FnEstThermalKvsTemp(TCFrozen=2.25,SampleMatlThermalKvsTemp=ClayDensity125)",
+        L"FnEstThermalKvsVolWC(VolWCFnNum=3,Max=0.35,Min=0.01,NumPoints=9)",
+        L"FnEstLAI(SampleMatlLAI=Poor,NumPoints=7,FirstDaySeason=90,LastDaySeason=300,NumYears=3)",
+        L"FnEstShearNormal(IntactRockParam=7.5,GeologicalStrength=35,DisturbanceFactor=0.3,SigmaC=1.5e5)",
+        L"FnEstDampingRatio(OutputParam=2,PI=1e-3,ConfiningStress=7,OCR=1.25)"}) {
+    IFn fn, again;
+    ASSERT_TRUE(FnCreate(text, fn).succeeded()) << str::to_utf8(text);
+    ASSERT_TRUE(FnCreate(fn.as_wstring(), again).succeeded()) << str::to_utf8(fn.as_wstring());
+    EXPECT_EQ(again.as_wstring(), fn.as_wstring());
+    std::vector<FnAttr> a, b;
+    fn->GetAttributes(a);
+    again->GetAttributes(b);
+    EXPECT_EQ(a, b) << str::to_utf8(text);
+  }
 }
 
 TEST(PropertyEstimators, HoekBrownEnvelope) {
