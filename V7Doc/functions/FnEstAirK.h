@@ -3,7 +3,7 @@
 // function numbered "VolWCFnNum" and the conductivity of the dry soil
 // "AirKDry" (in the unit the user keeps conductivities in).
 //
-// Brooks and Corey (1964), eq. 22 (the relative permeability of the
+// Brooks and Corey (1964) (the relative permeability of the
 // non-wetting phase, Burdine's integral on their power-law curve):
 //   ka = AirKDry (1 - Se)^2 (1 - Se^((2 + lambda) / lambda)),
 // with the effective saturation Se = theta / theta_s (the residual water

@@ -4,6 +4,7 @@
 #include <cmath>
 #include <numbers>
 
+#include "V7Doc/functions/FnInterpolated.h"
 #include "V7Doc/functions/FnRegistry.h"
 #include "V7Doc/functions/SoilWaterUnits.h"
 
@@ -138,6 +139,13 @@ FnEstMFSPWP::FnEstMFSPWP()
 
 double FnEstMFSPWP::C1() const {
   return 7600.0 * std::pow(100.0 * Dr(IntParam(L"SampleMatlMFSPWP")), -2.5);
+}
+
+IFn FnEstMFSPWP::ToPointFunction() const {
+  if (DataPoints().empty()) return IFn();
+  auto* fn = new FnMFSPWP();
+  fn->Assign(DataPoints().data(), DataPoints().data() + DataPoints().size());
+  return IFn(fn);
 }
 
 double FnEstMFSPWP::Estimate(double x) const {

@@ -7,26 +7,26 @@
 //
 // Sands are described by their relative density Dr (FnEstSampleMatl.h) and
 // the equivalent clean-sand blow count (N1)60cs = 46 Dr^2 (Idriss and
-// Boulanger, 2008, eq. 35, Dr = sqrt((N1)60 / 46)).
+// Boulanger, 2008, Dr = sqrt((N1)60 / 46)).
 //
 // FnEstCyclicNumber ("SampleMatlCyclicNumber"): cyclic stress ratio against
 // the number of uniform cycles N, 41 points spaced evenly in log10 from 1 to
 // 100 cycles, interpolated log-log (exact for the power law).
 //  - sands: CSR(N) = CRR_M7.5 (15 / N)^b with b = 0.34 (Idriss and
-//    Boulanger, 2008, eq. 68 and the slope of their Fig. 66), CRR_M7.5 from
-//    (N1)60cs by their eq. 70 (at 1 atm, level ground, 15 cycles for M 7.5):
+//    Boulanger, 2008, CSR proportional to N^-b), CRR_M7.5 from
+//    (N1)60cs by their SPT relation (at 1 atm, level ground, 15 cycles for M 7.5):
 //    exp((N1)60/14.1 + ((N1)60/126)^2 - ((N1)60/23.6)^3 + ((N1)60/25.4)^4 - 2.8);
 //  - "Cohesive": a normally consolidated clay, CRR_M7.5 = 0.83 su/s'vc with
-//    su/s'vc = 0.22 and b = 0.135 (Boulanger and Idriss, 2007, eqs. 20 and 23).
+//    su/s'vc = 0.22 and b = 0.135 (Boulanger and Idriss, 2007).
 //
 // FnEstDynPWP ("NExponent" = theta, 0.7 by default): the pore-pressure ratio
-// against the cycle ratio r = N / N_L of Seed, Martin and Lysmer (1976),
-// eq. 12: ru = 1/2 + (1/pi) asin(2 r^(1/theta) - 1), 51 ratios from 0 to 1;
+// against the cycle ratio r = N / N_L of Seed, Martin and Lysmer (1976):
+// ru = 1/2 + (1/pi) asin(2 r^(1/theta) - 1), 51 ratios from 0 to 1;
 // 0 <= ru <= 1, ru(0) = 0 and ru(1) = 1.
 //
 // FnEstKalpha ("SampleMatlKalpha"): K_alpha against the static shear stress
 // ratio alpha = tau_s / s'vc from 0 to 0.35 (36 points), Idriss and Boulanger
-// (2008), eqs. 80-83:
+// (2008):
 //   K_alpha = a + b exp(-xi_R / c),
 //   a = 1267 + 636 alpha^2 - 634 exp(alpha) - 632 exp(-alpha),
 //   b = exp(-1.11 + 12.3 alpha^2 + 1.31 ln(alpha + 0.0001)),
@@ -37,15 +37,15 @@
 //
 // FnEstKsigma ("SampleMatlKsigma"): K_sigma against the vertical effective
 // stress (document pressure unit), 41 stresses spaced evenly in log10 from
-// 10 to 1000 kPa, Idriss and Boulanger (2008), eqs. 84-85:
+// 10 to 1000 kPa, Idriss and Boulanger (2008):
 //   K_sigma = 1 - C_sigma ln(s'v / pa) <= 1.1,
 //   C_sigma = 1 / (18.9 - 2.55 sqrt((N1)60)) <= 0.3, pa = 101.325 kPa.
 //
 // FnEstMFSPWP ("SampleMatlMFSPWP"): the volumetric strain per cycle of
-// drained cyclic shear, in the form of Byrne (1991), eq. 5, that restates the
+// drained cyclic shear, in the form of Byrne (1991) that restates the
 // law of Martin, Finn and Seed (1975):
 //   d(eps_v) / gamma = C1 exp(-C2 eps_v / gamma),
-//   C1 = 7600 Dr^-2.5 (Dr in %), C2 = 0.4 / C1 (Byrne, eqs. 8 and 9),
+//   C1 = 7600 Dr^-2.5 (Dr in %), C2 = 0.4 / C1 (Byrne),
 // tabulated against eps_v / gamma (accumulated volumetric strain over the
 // cyclic shear strain) at 51 points from 0 to 5 / C2, interpolated in log10
 // of the output (exact for the exponential). The pore-water pressure rise of
@@ -87,7 +87,7 @@ struct FnEstMFSPWPType {
 
 // (N1)60cs of a sand of relative density dr (fraction).
 inline double SandBlowCount(double dr) { return 46.0 * dr * dr; }
-// CRR at M 7.5 and 1 atm from (N1)60cs (Idriss and Boulanger, 2008, eq. 70).
+// CRR at M 7.5 and 1 atm from (N1)60cs (Idriss and Boulanger, 2008).
 double IdrissBoulangerCRR(double n160cs);
 
 class FnEstCyclicNumber : public FnEstCurve {
@@ -149,6 +149,9 @@ class FnEstMFSPWP : public FnEstCurve {
   FnImpl* Clone() const override { return new FnEstMFSPWP(*this); }
   // Byrne's C1 for the current sample material (C2 = 0.4 / C1).
   double C1() const;
+  // The generated points as a function of the point kind "MFSPWPFn" (the
+  // undefined function before an update).
+  IFn ToPointFunction() const;
 
  protected:
   bool LogOutput() const override { return true; }

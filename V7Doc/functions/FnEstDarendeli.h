@@ -3,8 +3,9 @@
 // ("FnEstDampingRatio") against cyclic shear strain, from the model of
 // Darendeli (2001), "Development of a new family of normalized modulus
 // reduction and material damping curves", PhD thesis, Univ. of Texas at
-// Austin, eqs. 7.4a-7.4d with the calibrated constants of Table 8.12
-// (phi1 .. phi12):
+// Austin, the modified hyperbolic model with its calibrated constants
+// phi1 .. phi12 (0.0352, 0.0010, 0.3246, 0.3483, 0.9190, 0.8005, 0.0129,
+// -0.1069, -0.2889, 0.2919, 0.6329, -0.0057):
 //   gamma_r = (phi1 + phi2 PI OCR^phi3) s'0^phi4          (% strain, s'0 in atm)
 //   G/Gmax  = 1 / (1 + (gamma / gamma_r)^a),  a = phi5
 //   Dmin    = (phi6 + phi7 PI OCR^phi8) s'0^phi9 (1 + phi10 ln f)   (%)

@@ -8,7 +8,7 @@
 // 0.05 m (LAI 1.2), "Good" 0.12 m (2.88, the reference crop), "Excellent"
 // 0.15 m (3.6, the upper end of the relation's range). Over a season the
 // index follows the shape of the crop-coefficient curve of the same paper
-// (its Fig. 25): a straight rise over the first quarter of the season, the
+// (its crop-coefficient curve): a straight rise over the first quarter of the season, the
 // peak through the middle half, a straight fall over the last quarter (the
 // stage lengths are this system's choice), and 0 outside the season.
 //

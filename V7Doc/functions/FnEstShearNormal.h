@@ -6,7 +6,7 @@
 //   mb = mi exp((GSI - 100) / (28 - 14 D)),  s = exp((GSI - 100) / (9 - 3 D)),
 //   a  = 1/2 + (exp(-GSI / 15) - exp(-20 / 3)) / 6,
 // and the normal and shear stresses on the failure plane by Balmer's (1952)
-// relations (Hoek et al., 2002, eqs. 10 and 11):
+// relations (as Hoek et al., 2002, give them):
 //   sn  = (s1 + s3)/2 - (s1 - s3)/2 (ds1/ds3 - 1) / (ds1/ds3 + 1),
 //   tau = (s1 - s3) sqrt(ds1/ds3) / (ds1/ds3 + 1),
 //   ds1/ds3 = 1 + a mb (mb s3 / sci + s)^(a - 1).

@@ -19,13 +19,14 @@
 // FnEstGmax: data attributes "SampleMatlGmax", "GmaxEstMethod", "Depth",
 // "KModifier", "K0", "OCR", "VoidRatio", "PI". "KModifier" multiplies the
 // estimate (an ageing or site factor; 1 by default).
-//  - "Hardin" (Hardin, 1978, eq. 24; with the OCR exponent k of Hardin and
-//    Drnevich, 1972, Table 3, interpolated linearly in PI and 0.5 from
-//    PI 100 on):  Gmax = 625 / (0.3 + 0.7 e^2) OCR^k pa^0.5 s'm^0.5,
+//  - "Hardin" (Hardin, 1978; with the OCR exponent k of Hardin and
+//    Drnevich, 1972, by PI: 0 0, 20 0.18, 40 0.30, 60 0.41, 80 0.48,
+//    interpolated linearly in PI, and 0.5 from PI 100 on):
+//    Gmax = 625 / (0.3 + 0.7 e^2) OCR^k pa^0.5 s'm^0.5,
 //    e = "VoidRatio";
-//  - "SeedIdriss" (Seed and Idriss, 1970, eq. 8 with the K2max of their
-//    Fig. 4 by relative density: Dr 30 % 34, 40 % 40, 45 % 43, 60 % 52,
-//    90 % 70): Gmax = 1000 K2max (s'm)^0.5 with stresses in psf. The
+//  - "SeedIdriss" (Seed and Idriss, 1970, with their K2max by relative
+//    density: Dr 30 % 34, 40 % 40, 45 % 43, 60 % 52, 90 % 70):
+//    Gmax = 1000 K2max (s'm)^0.5 with stresses in psf. The
 //    gravels take the range 80 to 180 that Seed, Wong, Idriss and Tokimatsu
 //    (1986) report for gravels: 80 loose, 130 medium dense (this system's
 //    middle of the range), 180 dense.

@@ -8,7 +8,7 @@
 // in J/(m^3 K), mass specific heat in J/(kg K), water contents as volume
 // fractions. Water: density 1000 kg/m^3; specific gravity of solids 2.65.
 //
-// Unfrozen water (Anderson and Tice, 1972, eq. 4): the gravimetric unfrozen
+// Unfrozen water (Anderson and Tice, 1972): the gravimetric unfrozen
 // water content at theta degrees below freezing,
 //   ln wu = 0.2618 + 0.5519 ln S - 1.449 S^-0.264 ln theta   (wu in %),
 // S the specific surface in m^2/g. The members stand for: sands 0.1, silts
@@ -22,7 +22,7 @@
 //
 // FnEstThermalKvsTemp ("TCFrozen", "TCUnfrozen", "SampleMatlThermalKvsTemp"):
 // the unfrozen and frozen conductivities of the saturated soil from
-// Kersten's (1949) equations (as given by Farouki, 1981, eqs. 7.1-7.4; w in
+// Kersten's (1949) equations (as given by Farouki, 1981; w in
 // % by dry mass, rho_d in lb/ft^3, k in BTU in/(ft^2 h F), 1 = 0.1442279
 // W/(m K)):
 //   silt-clay unfrozen  k = (0.9 log10 w - 0.2) 10^(0.01 rho_d),
@@ -39,7 +39,7 @@
 // content above.
 //
 // FnEstThermalKvsVolWC ("VolWCFnNum", "MineralThermalK", "Max", "Min",
-// "NumPoints"): Johansen (1975), as given by Farouki (1981), eqs. 7.19-7.27:
+// "NumPoints"): Johansen (1975), as given by Farouki (1981):
 //   k = (ksat - kdry) Ke + kdry,
 //   kdry = (0.135 rho_d + 64.7) / (2700 - 0.947 rho_d)   (rho_d in kg/m^3),
 //   ksat = ks^(1-n) kw^n, kw = 0.57 W/(m K), ks = "MineralThermalK",
@@ -52,7 +52,7 @@
 // <= ksat.
 //
 // FnEstVolSpecHeat ("VolWCFnNum", "MassSpecHeat", "Max", "Min", "NumPoints"):
-// de Vries (1963), eq. 7.2: C = sum of x_i C_i over the constituents, here
+// de Vries (1963): C = sum of x_i C_i over the constituents, here
 //   C = (1 - n) 2650 c_s + theta 4.18e6  (air neglected, as de Vries does),
 // c_s = "MassSpecHeat" (800 by default), over the same water contents.
 #include <cstdint>

@@ -114,6 +114,12 @@ TEST(PropertyEstimators, FormulasMatchIndependentValues) {
     EXPECT_NEAR(fn(c.x), c.expected, c.relTol * std::abs(c.expected))
         << str::to_utf8(c.text) << " at " << c.x;
   }
+  // The points handed to the point kind, which passes through them.
+  const IFn mfs = Estimate(L"FnEstMFSPWP(SampleMatlMFSPWP=LooseSand)");
+  const IFn points = dynamic_cast<const FnEstMFSPWP&>(*mfs).ToPointFunction();
+  EXPECT_EQ(points->Name(), L"MFSPWPFn");
+  EXPECT_NEAR(points(0.0), mfs(0.0), 1e-12);
+  EXPECT_TRUE(FnEstMFSPWP().ToPointFunction().IsUndefined());
   // The Brooks-Corey index found on that curve (Se 1/2 and 1/4 in closed form).
   const IFn airK = Estimate(L"FnEstAirK(VolWCFnNum=1)");
   EXPECT_NEAR(dynamic_cast<const FnEstAirK&>(*airK).Lambda(), 0.47319731517859308, 1e-9);
