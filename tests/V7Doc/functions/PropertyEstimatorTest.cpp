@@ -255,6 +255,57 @@ TEST(PropertyEstimators, ShapesAndBounds) {
   EXPECT_GT(airPrev, 1.98);  // Se is 0.003 at 1e6 kPa
 }
 
+TEST(PropertyEstimators, TrendsOverTheirInputs) {
+  Document d;
+  // Each curve's direction over its input (sampled through and beyond its
+  // table), and how the sample materials order it.
+  const struct {
+    const wchar_t* text;
+    double from, to;
+    int direction;  // +1 never falls, -1 never rises
+  } cases[] = {
+      {L"FnEstGmax()", 0.5, 2000, +1},
+      {L"FnEstGmax(GmaxEstMethod=Hardin,PI=60,OCR=3)", 0.5, 2000, +1},
+      {L"FnEstEMod(SampleMatlEMod=Cohesive)", 0.5, 2000, +1},
+      {L"FnEstRecModulus()", 1, 2000, +1},
+      {L"FnEstRecModulus(SampleMatlRecModulus=Cohesive)", 1, 2000, -1},
+      {L"FnEstCyclicNumber(SampleMatlCyclicNumber=VeryLooseSand)", 0.5, 200, -1},
+      {L"FnEstKalpha(SampleMatlKalpha=DenseSand)", 0, 0.4, +1},
+      {L"FnEstKalpha(SampleMatlKalpha=VeryLooseSand)", 0, 0.4, -1},
+      {L"FnEstKsigma(SampleMatlKsigma=LooseSand)", 1, 3000, -1},
+      {L"FnEstMFSPWP(SampleMatlMFSPWP=DenseSand)", -1, 1e4, -1},
+      {L"FnEstVolSpecHeat(VolWCFnNum=1)", -0.1, 0.5, +1},
+      {L"FnEstThermalKvsVolWC(VolWCFnNum=1)", -0.1, 0.5, +1},
+  };
+  for (const auto& c : cases) {
+    const IFn fn = Estimate(c.text);
+    double prev = fn(c.from);
+    for (int i = 1; i <= 300; ++i) {
+      const double x = c.from + (c.to - c.from) * i / 300.0, y = fn(x);
+      EXPECT_GE(c.direction * (y - prev), -1e-12 * std::abs(y)) << str::to_utf8(c.text) << " at " << x;
+      prev = y;
+    }
+  }
+  // Denser sands resist more cycles and need less overburden correction.
+  const wchar_t* sands[] = {L"VeryLooseSand", L"LooseSand", L"MedLooseSand", L"MedDenseSand", L"DenseSand"};
+  double crrPrev = 0, gPrev = 0;
+  for (const wchar_t* sand : sands) {
+    const double crr = Estimate(std::wstring(L"FnEstCyclicNumber(SampleMatlCyclicNumber=") + sand + L")")(15.0);
+    const double g = Estimate(std::wstring(L"FnEstGmax(SampleMatlGmax=") + sand + L")")(100.0);
+    EXPECT_GT(crr, crrPrev) << str::to_utf8(sand);
+    EXPECT_GT(g, gPrev) << str::to_utf8(sand);
+    crrPrev = crr, gPrev = g;
+  }
+  // The leaf area is 0 outside the season, symmetric about its middle, and
+  // repeats year after year.
+  const IFn lai = Estimate(L"FnEstLAI(FirstDaySeason=100,LastDaySeason=300,NumYears=3)");
+  for (double day : {1.0, 99.0, 300.0, 365.0}) EXPECT_EQ(lai(day + 365), 0.0) << day;
+  for (double off : {10.0, 30.0, 49.0, 75.0}) {
+    EXPECT_NEAR(lai(200 - off), lai(200 + off), 1e-12) << off;
+    EXPECT_NEAR(lai(200 + off + 730), lai(200 + off), 1e-12) << off;
+  }
+}
+
 TEST(PropertyEstimators, MalformedAttributesAreReportedAndChangeNothing) {
   Document d;
   const struct {
