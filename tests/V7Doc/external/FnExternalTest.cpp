@@ -4,6 +4,9 @@
 
 #include <cmath>
 
+#include "V7Doc/document/QVDocument.h"
+#include "V7Doc/files/DocumentFile.h"
+#include "V7Doc/functions/Func2D.h"
 #include "V7Doc/functions/FnExternal.h"
 #include "tests/V7Doc/external/AddInTestSupport.h"
 
@@ -161,6 +164,32 @@ TEST(FnExternal, ContainsEveryFailureToBind) {
   // A malformed field attribute is the one error of the text itself.
   IFn fn;
   EXPECT_EQ(FnCreate(L"External(Assembly=faulty.so,Function=Fails,Field.=1)", fn).id(), 33001u);
+}
+
+// A project whose add-in is missing on this machine still loads, and saves
+// the function unchanged; where the add-in is present it evaluates again.
+TEST(FnExternal, DocumentWithAnUnavailableAddInLoadsAndSavesUnchanged) {
+  testing::AddInFolders folders;
+  QVDocument doc;
+  Func2D f(L"k");
+  ASSERT_TRUE(f.SetFnText(kGardner).succeeded());
+  doc.FunctionList(11)->Add(f);
+  std::string xml, again;
+  ASSERT_TRUE(files::DocumentToXml(doc, xml).succeeded());
+  ASSERT_NE(xml.find("Function=GardnerK"), std::string::npos);
+  {
+    testing::ScopedBridge none(ExternalObject::Load(L"libNoBridge.so"));
+    QVDocument loaded;
+    ASSERT_TRUE(files::DocumentFromXml(xml, loaded, L"mem").succeeded());
+    const IFn& fn = loaded.FunctionList(11)->At(1).Fn();
+    EXPECT_EQ(fn(10), qvi::kNoValue);
+    EXPECT_EQ(fn->LastError().id(), 38000u);
+    ASSERT_TRUE(files::DocumentToXml(loaded, again).succeeded());
+    EXPECT_EQ(again, xml);
+  }
+  QVDocument loaded;
+  ASSERT_TRUE(files::DocumentFromXml(again, loaded, L"mem").succeeded());
+  EXPECT_NEAR(loaded.FunctionList(11)->At(1).Fn()(10), Gardner(2e-6, 0.1, 10), 1e-21);
 }
 
 }  // namespace
