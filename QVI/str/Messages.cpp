@@ -21,6 +21,7 @@ constexpr Message kMessages[] = {
 #include "QVI/str/messages/persistence.def"
 #include "QVI/str/messages/results.def"
 #include "QVI/str/messages/tools.def"
+#include "QVI/str/messages/addins.def"
 #undef QVI_MESSAGE
     {0, L""},  // keeps the array non-empty whatever the .def files hold
 };

@@ -154,6 +154,8 @@ const RecordType& TypeOf<ANALYSIS>() {
       .Add(&A::initStressOption_, L"initStressOption_", L"InitialStressSource")
       .Add(&A::dynStressOption_, L"dynStressOption_", L"DynamicStressSource")
       .Add(&A::InitPWPCondOption_, L"InitPWPCondOption_", L"InitialCondSource")
+      // A stability analysis's source, through its accessor: read, never written.
+      .Add(&A::InitPWPCondOption_, L"GetStabPWPCondOption", L"StabPWPCondSource", legacy)
       .Add(&A::InitThermCondOption_, L"InitThermCondOption_", L"InitialThermCondSource")
       .Add(&A::initVolChangePWPCondOption_, L"initVolChangePWPCondOption_", L"VolChangePWPStartSource")
       .Add(&A::finalPWPCondOption_, L"finalPWPCondOption_", L"VolChangePWPFinalSource")

@@ -129,6 +129,7 @@ struct AliasEntry {
 };
 constexpr AliasEntry kAliases[] = {
     {L"v7::doc::Analyses", L"analyses"},
+    {L"doc::Analyses", L"analyses"},
     {L"v7::doc::AssociationsTable", L"anlsAssocs"},
     {L"doc::BCs", L"boundaryConditions"},
     {L"doc::Climate", L"climateData"},
