@@ -12,6 +12,7 @@
 #include "V7Doc/core/QVContainerTable.h"
 
 #include "V7Doc/document/Associations.h"
+#include "V7Doc/document/FileInfo.h"
 #include "V7Doc/document/QVDocument.h"
 
 #include "V7Doc/analysis/ANALYSIS.h"
@@ -21,9 +22,11 @@
 #include "V7Doc/analysis/AnalysisEnums.h"
 #include "V7Doc/analysis/AnalysisKindData.h"
 #include "V7Doc/analysis/AnalysisMessages.h"
+#include "V7Doc/analysis/FlowRecords.h"
 #include "V7Doc/analysis/ResultInfo.h"
 #include "V7Doc/analysis/ResultPath.h"
 #include "V7Doc/analysis/ShakeRecord.h"
+#include "V7Doc/analysis/StabRecords.h"
 #include "V7Doc/analysis/TIMEINC.h"
 #include "V7Doc/analysis/TIMEINCSTRUCT.h"
 #include "V7Doc/analysis/TimeStepEnums.h"
@@ -71,6 +74,7 @@
 #include "V7Doc/materials/MatlEnums.h"
 #include "V7Doc/materials/MatlValidation.h"
 #include "V7Doc/materials/RecordMembers.h"
+#include "V7Doc/materials/StructuralAttributes.h"
 #include "V7Doc/materials/ThermalSurfaces.h"
 
 #include "V7Doc/geometry/GaussPoint.h"
@@ -79,13 +83,18 @@
 #include "V7Doc/geometry/GeomItems.h"
 #include "V7Doc/geometry/GeomTypes.h"
 #include "V7Doc/geometry/Geometry.h"
+#include "V7Doc/geometry/GeometrySettings.h"
 #include "V7Doc/geometry/GroundSurface.h"
 #include "V7Doc/geometry/Mesh2D.h"
+#include "V7Doc/geometry/MeshConstraint.h"
 #include "V7Doc/geometry/Precision3D.h"
 #include "V7Doc/geometry/ShapeFunctions.h"
 
 #include "V7Doc/view/EngSettings.h"
+#include "V7Doc/view/Sketch.h"
+#include "V7Doc/view/UserOptions.h"
 #include "V7Doc/view/ViewPreferences.h"
+#include "V7Doc/view/ViewState.h"
 
 #include "V7Doc/results/CutLine.h"
 #include "V7Doc/results/DataParamType.h"

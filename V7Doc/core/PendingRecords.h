@@ -32,9 +32,6 @@ void SetMissing(PendingRecord<N>& r) {
 template <int N>
 using PendingTable = QVContainerTable<PendingRecord<N>>;
 
-using StructuralBarAttributeTable = PendingTable<6>;
-using StructuralBeamAttributeTable = PendingTable<7>;
-using MeshConstraintTable = PendingTable<55>;
 using Func3DTable = PendingTable<68>;
 
 }  // namespace v7
