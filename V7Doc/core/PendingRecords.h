@@ -35,6 +35,5 @@ using PendingTable = QVContainerTable<PendingRecord<N>>;
 using StructuralBarAttributeTable = PendingTable<6>;
 using StructuralBeamAttributeTable = PendingTable<7>;
 using MeshConstraintTable = PendingTable<55>;
-using Func3DTable = PendingTable<68>;
 
 }  // namespace v7

@@ -14,6 +14,7 @@
 #include "V7Doc/core/QVContainerAssoc.h"
 #include "V7Doc/core/QVContainerManager.h"
 #include "V7Doc/functions/Func2D.h"
+#include "V7Doc/functions/Func3D.h"
 #include "V7Doc/geometry/Geometry.h"
 #include "V7Doc/materials/BC.h"
 #include "V7Doc/materials/Climate.h"
@@ -96,6 +97,8 @@ class QVDocData : public gtl::handle_ref_counter {
   ResultGraphTable& ResultGraphs() { return resultGraphs_; }
   ResultContourTable& ResultContours() { return resultContours_; }
   ResultSetTable& ResultSets() { return resultSets_; }
+  Func3DTable& Func3Ds() { return func3Ds_; }
+  const Func3DTable& Func3Ds() const { return func3Ds_; }
 
   AnalysisDataByAnalysisID<SoluteData>& SoluteItems() { return soluteItems_; }
   AnalysisDataByAnalysisID<ShakeData>& ShakeItems() { return shakeItems_; }

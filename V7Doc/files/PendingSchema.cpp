@@ -22,7 +22,6 @@ const RecordType& PendingType(const wchar_t* name) {
 V7_PENDING_SCHEMA(6, L"StructuralBarAttribute")
 V7_PENDING_SCHEMA(7, L"StructuralBeamAttribute")
 V7_PENDING_SCHEMA(55, L"MeshConstraint")
-V7_PENDING_SCHEMA(68, L"Func3D")
 
 #undef V7_PENDING_SCHEMA
 
