@@ -5,7 +5,6 @@
 #include "V7Doc/core/CompressedIterator.h"
 #include "V7Doc/core/GID.h"
 #include "V7Doc/core/IQVContainer.h"
-#include "V7Doc/core/PendingRecords.h"
 #include "V7Doc/core/QVContainerAssoc.h"
 #include "V7Doc/core/QVContainerManager.h"
 #include "V7Doc/core/QVContainerPolicies.h"

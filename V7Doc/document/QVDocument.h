@@ -11,10 +11,10 @@
 #include "V7Doc/analysis/AnalysisKindData.h"
 #include "V7Doc/document/Associations.h"
 #include "V7Doc/document/FileInfo.h"
-#include "V7Doc/core/PendingRecords.h"
 #include "V7Doc/core/QVContainerAssoc.h"
 #include "V7Doc/core/QVContainerManager.h"
 #include "V7Doc/functions/Func2D.h"
+#include "V7Doc/functions/Func3D.h"
 #include "V7Doc/geometry/Geometry.h"
 #include "V7Doc/geometry/GeometrySettings.h"
 #include "V7Doc/geometry/MeshConstraint.h"
@@ -103,6 +103,8 @@ class QVDocData : public gtl::handle_ref_counter {
   ResultGraphTable& ResultGraphs() { return resultGraphs_; }
   ResultContourTable& ResultContours() { return resultContours_; }
   ResultSetTable& ResultSets() { return resultSets_; }
+  Func3DTable& Func3Ds() { return func3Ds_; }
+  const Func3DTable& Func3Ds() const { return func3Ds_; }
 
   AnalysisDataByAnalysisID<SoluteData>& SoluteItems() { return soluteItems_; }
   AnalysisDataByAnalysisID<ShakeData>& ShakeItems() { return shakeItems_; }
