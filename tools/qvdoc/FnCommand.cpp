@@ -19,6 +19,7 @@
 #include <string>
 #include <vector>
 
+#include "QVI/qvi/addins/AddInsManager.h"
 #include "QVI/str/Convert.h"
 #include "V7Doc/document/QVDocument.h"
 #include "V7Doc/functions/FnDataPoints.h"
@@ -42,6 +43,7 @@ struct FnOptions {
   std::string hydkMethod = "VanGenuchten";
   double resWC = 0;
   std::string wc;           // water-content function for estimators that name one
+  std::string addins;       // a folder searched for add-ins ("External")
 };
 
 [[noreturn]] void Fail(const std::string& message) {
@@ -278,6 +280,7 @@ void Run(const FnOptions& o) {
     ~Restore() { v7::QVDocumentSetCurrentHandle(previous); }
   } restore{previous};
 
+  if (!o.addins.empty()) qvi::addins::AddInsManager::Instance().SetDocumentFolder(str::to_wstring(o.addins));
   v7::IFn fn;
   const gtl::status s = v7::FnCreate(str::to_wstring(o.text), fn);
   if (!s.succeeded()) Fail("cannot read the function \"" + o.text + "\": " + s.message_utf8());
@@ -298,6 +301,10 @@ void Run(const FnOptions& o) {
                    : o.from + t * (o.to - o.from);
     ys[i] = fn(o.suction ? -xs[i] : xs[i]);
   }
+  // A function without a single value says why, when it knows (an add-in
+  // that could not be loaded).
+  if (const gtl::status e = fn->LastError(); e.failed() && std::all_of(ys.begin(), ys.end(), qvi::IsNoValue))
+    Fail("the function has no value at any input: " + e.message_utf8());
   std::vector<double> ks;
   if (o.kSat > 0) ks = EstimateConductivity(o, fn, xs);
   std::cout << "# " << str::to_utf8(fn.as_wstring()) << "\n";
@@ -337,6 +344,7 @@ void AddFnCommand(CLI::App& app) {
       ->capture_default_str();
   cmd->add_option("--wc", o->wc,
                   "Water-content function (text) that estimators read as function number 1 (VolWCFnNum=1)");
+  cmd->add_option("--addins", o->addins, "A folder searched for the add-ins of External functions");
   cmd->callback([o] { Run(*o); });
 }
 
