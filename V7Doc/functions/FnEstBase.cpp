@@ -11,7 +11,7 @@ namespace v7 {
 double FnEstBase::Calculate(const double* x, const double*) const {
   if (!x) return qvi::kNoValue;
   double s = *x;
-  if (suction_) s = s < 0 ? -s : 0.0;
+  if (suction_) s = s < 0 ? -s : s >= 0 ? 0.0 : s;  // NaN stays NaN: no value
   // Slope-0 tails continue the end values beyond the points.
   const double y = Linear::operator()(s);
   if (!qvi::IsNoValue(y) || IsEmpty() || std::isnan(s)) return y;

@@ -245,6 +245,8 @@ TEST(PropertyEstimators, ShapesAndBounds) {
   // Air conductivity rises from 0 (saturated) towards the dry value.
   const IFn air = Estimate(L"FnEstAirK(VolWCFnNum=1,AirKDry=2)");
   EXPECT_NEAR(air(0.0), 0.0, 1e-12);
+  EXPECT_EQ(air(std::nan("")), kNo);
+  EXPECT_EQ(g(std::nan("")), kNo);
   double airPrev = 0;
   for (int i = 0; i <= 80; ++i) {
     const double ka = air(-std::pow(10.0, -2 + 0.1 * i));
