@@ -81,16 +81,11 @@ gtl::status FnExternalImpl::Bind(bool adoptDeclared) {
     if (!f.second.empty()) given.push_back(f);
   if (auto s = inst->Initialize(given); !s.succeeded()) return done(s);
   if (auto s = inst->Bind("Calculate", QVI_SIG_CALCULATE, calc); !s.succeeded()) return done(s);
-  const struct {
-    const char* name;
-    int signature;
-    QviDelegate* out;
-  } optional[] = {{"SetID", QVI_SIG_SET_ID, &setId},
-                  {"Review", QVI_SIG_REVIEW, &review},
-                  {"MaxPV", QVI_SIG_MAX_PV, &maxPV}};
-  for (const auto& m : optional)
-    if (inst->Type().Offers(str::to_wstring(m.name)))
-      if (auto s = inst->Bind(m.name, m.signature, *m.out); !s.succeeded()) return done(s);
+  if (auto s = inst->BindOffered({{"SetID", QVI_SIG_SET_ID, &setId},
+                                   {"Review", QVI_SIG_REVIEW, &review},
+                                   {"MaxPV", QVI_SIG_MAX_PV, &maxPV}});
+      !s.succeeded())
+    return done(s);
   instance = std::move(inst);
   return done({});
 }
