@@ -52,7 +52,7 @@ ExternalObject ExternalObject::Resolve(void* library) {
 
 ExternalObject ExternalObject::Load(const std::wstring& fileName) {
   gtl::status s;
-  void* library = qvi::app::App::Instance().LoadLibrary(fileName, s);
+  void* library = qvi::app::App::Instance().LoadSuiteLibrary(fileName, s);
   ExternalObject t = Resolve(library);
   t.loadStatus = s;
   return t;
