@@ -16,6 +16,7 @@ constexpr Message kMessages[] = {
 #include "QVI/str/messages/core.def"
 #include "QVI/str/messages/analysis.def"
 #include "QVI/str/messages/functions.def"
+#include "QVI/str/messages/surfaces.def"
 #include "QVI/str/messages/materials.def"
 #include "QVI/str/messages/geometry.def"
 #include "QVI/str/messages/persistence.def"

@@ -54,8 +54,6 @@ void SoluteData::OnGetUsageOf(GID analysis, const GID& container, UsageList& usa
   if (container == kBCs) AddUses(usage, vSources_, kSoluteItems, analysis);
 }
 
-void HydroData::FullCompact() { EraseMissing(vInitialWaterTables_); }
-
 void HydroData::OnGetUsageOf(GID analysis, const GID& container, UsageList& usage) const {
   WaterTableUses(vInitialWaterTables_, container, usage, kHydroItems, analysis);
 }
@@ -64,14 +62,27 @@ void DeformData::OnGetUsageOf(GID analysis, const GID& container, UsageList& usa
   if (container == kRegions) AddUses(usage, vIgnoredRegions_, kDeformItems, analysis);
 }
 
+void HydroData::FullCompact() {
+  EraseMissing(vInitialWaterTables_);
+  std::vector<GID> renumber;
+  fluxSections_.FullCompact(renumber);
+  // Labels name sections of the same data; a label whose section is gone
+  // goes with it.
+  for (FluxLabel& l : vFluxLabels_) l.nFluxID_ = l.nFluxID_ < renumber.size() ? renumber[l.nFluxID_] : 0;
+  std::erase_if(vFluxLabels_, [](const FluxLabel& l) { return l.nFluxID_ == 0; });
+}
+
 void StabData::FullCompact() {
-  EraseMissing(vSurcharges_);
+  std::vector<GID> renumber;
+  vSurcharges_.FullCompact(renumber);
+  dataPoints_.FullCompact(renumber);
+  reinforcements_.FullCompact(renumber);
+  slipSurfaces_.FullCompact(renumber);
   EraseMissing(vPiezometricLines_);
 }
 
 void StabData::OnGetUsageOf(GID analysis, const GID& container, UsageList& usage) const {
   for (const auto& s : vSurcharges_) {
-    if (s.bMissing_) continue;
     if (container == kPoints) AddUses(usage, s.vPoints_, kStabItems, analysis);
     if (container == kStressBoundFns) AddUse(usage, s.fnNum_, kStabItems, analysis);
   }

@@ -17,7 +17,25 @@
 
 namespace v7 {
 
-class ResultSetTable : public QVContainerTable<ResultSet>, public IQVChangeListener {
+// The named table types of the result descriptions: plain tables whose IDs
+// are the slot positions.
+template <class T>
+class TQVContainerTableResultSet : public QVContainerTable<T> {
+ public:
+  TQVContainerTableResultSet() = default;
+};
+template <class T>
+class TQVContainerTableResultContour : public QVContainerTable<T> {
+ public:
+  TQVContainerTableResultContour() = default;
+};
+template <class T>
+class TQVContainerTableResultGraph : public QVContainerTable<T> {
+ public:
+  TQVContainerTableResultGraph() = default;
+};
+
+class ResultSetTable : public TQVContainerTableResultSet<ResultSet>, public IQVChangeListener {
  public:
   // Subscribes to the analyses and the result contours.
   void OnRegistration() override;
@@ -28,7 +46,9 @@ class ResultSetTable : public QVContainerTable<ResultSet>, public IQVChangeListe
   void OnAdd(GID, const std::vector<GID>&) override {}
 };
 
-class ResultGraphTable : public QVContainerTable<ResultGraph> {
+class ResultContourTable : public TQVContainerTableResultContour<ResultContour> {};
+
+class ResultGraphTable : public TQVContainerTableResultGraph<ResultGraph> {
  public:
   // Each graph refers to its sources (records of any container). Graphs are
   // not repaired when a source goes: a view drops sources it cannot find.

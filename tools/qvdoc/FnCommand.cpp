@@ -5,6 +5,11 @@
 // --suction takes the inputs as suctions (evaluating at minus the input), and
 // --conductivity KSAT adds the hydraulic conductivity estimated from the
 // function (FnEstHydK) as a third column, drawn on a logarithmic right axis.
+//
+// Estimators (FnEst...) are updated before evaluation and their axes are
+// labelled with the quantities they estimate; those that read a
+// water-content function by number ("VolWCFnNum=1") find the one given with
+// --wc as function 1 of a scratch document.
 #include <algorithm>
 #include <cmath>
 #include <cstdio>
@@ -18,6 +23,7 @@
 #include "QVI/str/Convert.h"
 #include "V7Doc/document/QVDocument.h"
 #include "V7Doc/functions/FnDataPoints.h"
+#include "V7Doc/functions/FnEstBase.h"
 #include "V7Doc/functions/FnEstHydK.h"
 #include "V7Doc/functions/FnImpl.h"
 #include "tools/qvdoc/Commands.h"
@@ -36,6 +42,7 @@ struct FnOptions {
   double kSat = 0;          // > 0: estimate the conductivity too
   std::string hydkMethod = "VanGenuchten";
   double resWC = 0;
+  std::string wc;           // water-content function for estimators that name one
   std::string addins;       // a folder searched for add-ins ("External")
 };
 
@@ -154,15 +161,22 @@ void WriteSvg(const FnOptions& o, const v7::IFn& fn, const std::vector<double>& 
     out << buf;
   }
   // Axis labels: the function's quantities when it names them.
-  const auto label = [](v7::DataParamType p, const char* fallback) {
-    return p == v7::DataParamType::Undefined ? std::string(fallback) : str::to_utf8(meta::ToName(p));
+  // Axis labels: the function's quantities when it names them, else what an
+  // estimator says it estimates.
+  const auto* est = dynamic_cast<const v7::FnEstBase*>(fn.get());
+  const auto label = [](v7::DataParamType p, std::string fallback) {
+    return p == v7::DataParamType::Undefined ? fallback : str::to_utf8(meta::ToName(p));
   };
+  const std::string xName = o.suction ? std::string("Suction")
+                            : est     ? str::to_utf8(est->InputQuantity())
+                                      : std::string("x");
+  const std::string yName = est && !est->OutputQuantity().empty() ? str::to_utf8(est->OutputQuantity())
+                            : o.suction                             ? std::string("Volumetric water content")
+                                                                    : std::string("y");
   out << "<text x=\"" << (L + W - R) / 2 << "\" y=\"" << H - 18 << "\" text-anchor=\"middle\">"
-      << Escape(o.suction ? std::string("Suction") : label(fn->InputParam(), "x")) << (o.logX ? " (log scale)" : "")
-      << "</text>\n";
-  out << "<text transform=\"translate(20," << (T + H - B) / 2
-      << ") rotate(-90)\" text-anchor=\"middle\">" << Escape(label(fn->OutputParam(), o.suction ? "Volumetric water content" : "y"))
-      << "</text>\n";
+      << Escape(label(fn->InputParam(), xName)) << (o.logX ? " (log scale)" : "") << "</text>\n";
+  out << "<text transform=\"translate(20," << (T + H - B) / 2 << ") rotate(-90)\" text-anchor=\"middle\">"
+      << Escape(label(fn->OutputParam(), yName)) << "</text>\n";
   // The curve, broken where the function has no value.
   std::string path;
   bool pen = false;
@@ -249,6 +263,23 @@ void Run(const FnOptions& o) {
     Fail("--from and --to must be two different finite numbers");
   if (o.logX && (o.from <= 0 || o.to <= 0)) Fail("--log-x needs --from and --to above zero");
 
+  // A scratch current document holding the --wc function as water-content
+  // function 1, for the estimators that read one by number.
+  const v7::QVDocumentHandle previous = v7::QVDocumentGetCurrentHandle();
+  if (!o.wc.empty()) {
+    v7::IFn wc;
+    if (const gtl::status w = v7::FnCreate(str::to_wstring(o.wc), wc); !w.succeeded())
+      Fail("cannot read the water-content function \"" + o.wc + "\": " + w.message_utf8());
+    v7::QVDocumentHandle doc(new v7::QVDocument());
+    doc->DataInit();
+    doc->FunctionList(14)->Add(v7::Func2D(L"water content", L"", wc));
+    v7::QVDocumentSetCurrentHandle(doc);
+  }
+  struct Restore {
+    v7::QVDocumentHandle previous;
+    ~Restore() { v7::QVDocumentSetCurrentHandle(previous); }
+  } restore{previous};
+
   if (!o.addins.empty()) qvi::addins::AddInsManager::Instance().SetDocumentFolder(str::to_wstring(o.addins));
   v7::IFn fn;
   const gtl::status s = v7::FnCreate(str::to_wstring(o.text), fn);
@@ -311,6 +342,8 @@ void AddFnCommand(CLI::App& app) {
       ->capture_default_str();
   cmd->add_option("--res-wc", o->resWC, "Residual water content for the VanGenuchten method")
       ->capture_default_str();
+  cmd->add_option("--wc", o->wc,
+                  "Water-content function (text) that estimators read as function number 1 (VolWCFnNum=1)");
   cmd->add_option("--addins", o->addins, "A folder searched for the add-ins of External functions");
   cmd->callback([o] { Run(*o); });
 }

@@ -16,8 +16,10 @@ struct KindDataInDocument : ::testing::Test {
     for (int i = 0; i < 4; ++i) doc.Materials().Add(MATL{});
     for (int i = 0; i < 3; ++i) doc.FunctionList(kind_data::kStressBoundFns)->Add(Func2D(L"f"));
     auto& stab = doc.StabItems().Get(2);
-    stab.vSurcharges_.push_back({L"fill", 20, {}, 3, VariationType::Linear, false});
-    stab.vSurcharges_.push_back({L"gone", 20, {}, 1, VariationType::Linear, true});
+    stab.vSurcharges_.Add(SurchargeLoad{0, L"fill", 20, {}, 3, VariationType::Linear});
+    stab.vSurcharges_.Add(SurchargeLoad{0, L"gone", 20, {}, 1, VariationType::Linear});
+    stab.vSurcharges_.Add(SurchargeLoad{0, L"last", 20, {}, 2, VariationType::Linear});
+    stab.vSurcharges_.Delete({2});
     stab.vPiezometricLines_.push_back({L"piezo", {}, {2, 4, 2}, InputDefinition::Define, false});
     doc.HydroItems().Get(1).vInitialWaterTables_.push_back({L"wt", {}, {4}, {}, false});
   }
@@ -46,10 +48,13 @@ TEST_F(KindDataInDocument, DeletionAndCompactionRepairReferences) {
   doc.ContainerManager().FullCompact();
   EXPECT_EQ(doc.StabItems().Find(2)->vPiezometricLines_[0].vMaterials_, (std::vector<GID>{3}));
   EXPECT_EQ(doc.HydroItems().Find(1)->vInitialWaterTables_[0].vMaterials_, (std::vector<GID>{3}));
-  EXPECT_EQ(doc.StabItems().Find(2)->vSurcharges_.size(), 1u) << "deleted surcharges squeezed out";
+  const auto& surcharges = doc.StabItems().Find(2)->vSurcharges_;
+  ASSERT_EQ(surcharges.Size(), 2u) << "deleted surcharges squeezed out";
+  EXPECT_EQ(surcharges.At(2).name_, L"last");
+  EXPECT_EQ(surcharges.At(2).nID_, 2u) << "stored ID follows the slot";
 
   doc.FunctionList(kind_data::kStressBoundFns)->Delete({3});
-  EXPECT_EQ(doc.StabItems().Find(2)->vSurcharges_[0].fnNum_, 0u) << "now a constant surcharge";
+  EXPECT_EQ(doc.StabItems().Find(2)->vSurcharges_.At(1).fnNum_, 0u) << "now a constant surcharge";
 }
 
 TEST(KindData, AssignAndIsEqualCompareByType) {
