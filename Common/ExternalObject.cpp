@@ -1,5 +1,7 @@
 #include "Common/ExternalObject.h"
 
+#include <array>
+#include <cstring>
 #include <optional>
 #include <string_view>
 
@@ -17,10 +19,17 @@ std::optional<ExternalObject>& Current() {
   return table;
 }
 
-template <class F>
-void Bind(void* library, const char* name, F& entry) {
-  entry = reinterpret_cast<F>(sys::dl::Symbol(library, name));
+// The storage of the twelve entries in table order. An entry is filled by
+// copying the address that the loader gives, as dlsym and GetProcAddress
+// themselves assume that code and data addresses share one representation.
+template <class Table>
+std::array<const void*, 12> Slots(Table& t) {
+  return {&t.TestAddInCompatibilityImpl_, &t.ScanTypeImpl_,        &t.LoadTypeImpl_,
+          &t.CreateMethodArgumentsImpl_,  &t.CreateCalculateMatrixImpl_, &t.CreateUpdateStressesImpl_,
+          &t.CreateDelegateFunctorImpl_,  &t.CreateCalculateForceImpl_,  &t.CreateCalculateShearForceImpl_,
+          &t.CreateInitializeImpl_,       &t.PerformBlockingGC_,         &t.CreateAssembly_};
 }
+static_assert(sizeof(void*) == sizeof(CreateAssembly_Fn) && sizeof(void*) == sizeof(PerformBlockingGC_Fn));
 
 }  // namespace
 
@@ -33,24 +42,17 @@ const char* const ExternalObject::kEntryNames[12] = {
 ExternalObject ExternalObject::Resolve(void* library) {
   ExternalObject t;
   if (!library) return t;
-  Bind(library, kEntryNames[0], t.TestAddInCompatibilityImpl_);
-  Bind(library, kEntryNames[1], t.ScanTypeImpl_);
-  Bind(library, kEntryNames[2], t.LoadTypeImpl_);
-  Bind(library, kEntryNames[3], t.CreateMethodArgumentsImpl_);
-  Bind(library, kEntryNames[4], t.CreateCalculateMatrixImpl_);
-  Bind(library, kEntryNames[5], t.CreateUpdateStressesImpl_);
-  Bind(library, kEntryNames[6], t.CreateDelegateFunctorImpl_);
-  Bind(library, kEntryNames[7], t.CreateCalculateForceImpl_);
-  Bind(library, kEntryNames[8], t.CreateCalculateShearForceImpl_);
-  Bind(library, kEntryNames[9], t.CreateInitializeImpl_);
-  Bind(library, kEntryNames[10], t.PerformBlockingGC_);
-  Bind(library, kEntryNames[11], t.CreateAssembly_);
+  const auto slots = Slots(t);
+  for (std::size_t i = 0; i < slots.size(); ++i) {
+    void* address = sys::dl::Symbol(library, kEntryNames[i]);
+    std::memcpy(const_cast<void*>(slots[i]), &address, sizeof address);
+  }
   return t;
 }
 
 ExternalObject ExternalObject::Load(const std::wstring& fileName) {
   gtl::status s;
-  void* library = qvi::app::App::Instance().LoadLibrary(fileName, s);
+  void* library = qvi::app::App::Instance().LoadSuiteLibrary(fileName, s);
   ExternalObject t = Resolve(library);
   t.loadStatus = s;
   return t;
@@ -70,21 +72,10 @@ ExternalObject ExternalObject::Install(const ExternalObject& table) {
 }
 
 const void* ExternalObject::Entry(int index) const {
-  switch (index) {
-    case 0: return reinterpret_cast<const void*>(TestAddInCompatibilityImpl_);
-    case 1: return reinterpret_cast<const void*>(ScanTypeImpl_);
-    case 2: return reinterpret_cast<const void*>(LoadTypeImpl_);
-    case 3: return reinterpret_cast<const void*>(CreateMethodArgumentsImpl_);
-    case 4: return reinterpret_cast<const void*>(CreateCalculateMatrixImpl_);
-    case 5: return reinterpret_cast<const void*>(CreateUpdateStressesImpl_);
-    case 6: return reinterpret_cast<const void*>(CreateDelegateFunctorImpl_);
-    case 7: return reinterpret_cast<const void*>(CreateCalculateForceImpl_);
-    case 8: return reinterpret_cast<const void*>(CreateCalculateShearForceImpl_);
-    case 9: return reinterpret_cast<const void*>(CreateInitializeImpl_);
-    case 10: return reinterpret_cast<const void*>(PerformBlockingGC_);
-    case 11: return reinterpret_cast<const void*>(CreateAssembly_);
-    default: return nullptr;
-  }
+  if (index < 0 || index >= 12) return nullptr;
+  const void* address = nullptr;
+  std::memcpy(&address, Slots(*this)[static_cast<std::size_t>(index)], sizeof address);
+  return address;
 }
 
 int ExternalObject::NumResolved() const {

@@ -101,8 +101,10 @@
  *   QVI_ADDIN_EXPORT const QviAddInModule* QviGetAddIn(void) { return &module; }
  *
  * Build it as a shared library (gcc -shared -fPIC powerk.c -o libpowerk.so
- * -lm), put it in an add-in folder, and evaluate it with
+ * -lm), put it in an add-in folder (QVV7_ADDIN_PATH, the user's folder
+ * ~/.local/share/qvv7/addins, or the project's folder), and evaluate it with
  *   qvdoc fn "External(Assembly=libpowerk.so,Function=PowerK,Field.N=3)" --from 0 --to 100
+ * (add --addins DIR to name the folder on the command line).
  */
 #ifndef QVI_ADDIN_H
 #define QVI_ADDIN_H

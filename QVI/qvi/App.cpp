@@ -52,7 +52,7 @@ std::vector<std::filesystem::path> App::LibraryFolders() const {
   return folders;
 }
 
-void* App::LoadLibrary(const std::wstring& fileName, gtl::status& s) {
+void* App::LoadSuiteLibrary(const std::wstring& fileName, gtl::status& s) {
   s = {};
   if (auto it = loaded_.find(fileName); it != loaded_.end()) return it->second;
   const std::filesystem::path name = ToPath(fileName);

@@ -33,8 +33,9 @@ class App {
   // Loads the library `fileName` (a bare file name, searched as above, or
   // an absolute path, taken as it is) once per process; later calls give the
   // same handle. On failure returns null and sets `s` to a status naming the
-  // file and where it was looked for.
-  void* LoadLibrary(const std::wstring& fileName, gtl::status& s);
+  // file and where it was looked for. (Not called LoadLibrary, which
+  // windows.h defines as a macro.)
+  void* LoadSuiteLibrary(const std::wstring& fileName, gtl::status& s);
 
   // The folders searched for a bare file name, in order.
   std::vector<std::filesystem::path> LibraryFolders() const;

@@ -178,4 +178,11 @@ gtl::status AddInInstance::Bind(const char* method, int signature, QviDelegate& 
   return {};
 }
 
+gtl::status AddInInstance::BindOffered(std::initializer_list<OptionalMethod> methods) const {
+  for (const OptionalMethod& m : methods)
+    if (type_.Offers(str::to_wstring(m.name)))
+      if (auto s = Bind(m.name, m.signature, *m.out); !s.succeeded()) return s;
+  return {};
+}
+
 }  // namespace v7::external

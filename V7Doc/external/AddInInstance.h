@@ -6,6 +6,7 @@
 //
 // Every step tests the bridge entry it needs first, so a missing bridge, or a
 // bridge without that entry, gives a status and never a call through null.
+#include <initializer_list>
 #include <memory>
 #include <string>
 #include <utility>
@@ -58,6 +59,15 @@ class AddInInstance {
   // Binds `method` with `signature`. A method the type lacks gives an error
   // status and leaves `out` empty.
   gtl::status Bind(const char* method, int signature, QviDelegate& out) const;
+  // One method to bind when the type offers it.
+  struct OptionalMethod {
+    const char* name;
+    int signature;
+    QviDelegate* out;
+  };
+  // Binds each method of `methods` that the type offers; the first failure
+  // (a method offered with another signature) is returned.
+  gtl::status BindOffered(std::initializer_list<OptionalMethod> methods) const;
   // The type as scanned.
   const AddInType& Type() const { return type_; }
   bool IsLoaded() const { return object_ != nullptr; }

@@ -46,20 +46,14 @@ gtl::status ExternalMaterial::Load(const ExternalMatlModel& model) {
   const AddInType& t = inst->Type();
   if (!t.Offers(L"CalculateMatrix") && !t.Offers(L"UpdateStresses"))
     return Fail(gtl::status::error(kMsgNoMethod, t.name, model.Assembly(), L"CalculateMatrix"));
-  const struct {
-    const char* name;
-    int signature;
-    QviDelegate* out;
-  } calls[] = {{"CalculateMatrix", QVI_SIG_CALCULATE_MATRIX, &matrix_},
-               {"UpdateStresses", QVI_SIG_UPDATE_STRESSES, &stresses_},
-               {"CalculateForce", QVI_SIG_CALCULATE_FORCE, &force_},
-               {"CalculateShearForce", QVI_SIG_CALCULATE_FORCE, &shearForce_}};
-  for (const auto& c : calls)
-    if (t.Offers(str::to_wstring(c.name)))
-      if (auto s = inst->Bind(c.name, c.signature, *c.out); !s.succeeded()) {
-        matrix_ = stresses_ = force_ = shearForce_ = QviDelegate{};
-        return Fail(s);
-      }
+  if (auto s = inst->BindOffered({{"CalculateMatrix", QVI_SIG_CALCULATE_MATRIX, &matrix_},
+                                   {"UpdateStresses", QVI_SIG_UPDATE_STRESSES, &stresses_},
+                                   {"CalculateForce", QVI_SIG_CALCULATE_FORCE, &force_},
+                                   {"CalculateShearForce", QVI_SIG_CALCULATE_FORCE, &shearForce_}});
+      !s.succeeded()) {
+    matrix_ = stresses_ = force_ = shearForce_ = QviDelegate{};
+    return Fail(s);
+  }
   instance_ = std::move(inst);
   return Fail({});
 }

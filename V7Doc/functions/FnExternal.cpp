@@ -32,11 +32,10 @@ bool IsWritable(const std::wstring& text) { return text.find_first_of(L",()") ==
 // The data of an external function and the add-in instance bound to it.
 class FnExternalImpl : public IFnReview {
  public:
-  FnExternalImpl() : loadError(gtl::status::error(kMsgMissingPart, L"Assembly")), lastError(loadError) {}
+  FnExternalImpl() : loadError(gtl::status::error(kMsgMissingPart, L"Assembly")) {}
   // Copies the data only; the copy binds an instance of its own.
   FnExternalImpl(const FnExternalImpl& o)
-      : IFnReview(), assembly(o.assembly), function(o.function), fields(o.fields), loadError(o.loadError),
-        lastError(o.loadError) {}
+      : IFnReview(), assembly(o.assembly), function(o.function), fields(o.fields), loadError(o.loadError) {}
 
   // (Re)loads the add-in from the data. With `adoptDeclared`, the fields
   // become the type's declared ones (values set so far kept).
@@ -49,20 +48,17 @@ class FnExternalImpl : public IFnReview {
   std::unique_ptr<external::AddInInstance> instance;
   QviDelegate calc{}, setId{}, review{}, maxPV{};
   gtl::status loadError;
-  mutable gtl::status lastError;
-  mutable bool callFailed = false;
 };
 
 gtl::status FnExternalImpl::Bind(bool adoptDeclared) {
   instance.reset();  // releases the previous instance ("Dispose")
   calc = setId = review = maxPV = QviDelegate{};
-  callFailed = false;
   auto done = [this](gtl::status s) {
     if (!s.succeeded()) {
       instance.reset();
       calc = setId = review = maxPV = QviDelegate{};
     }
-    loadError = lastError = s;
+    loadError = s;
     return s;
   };
   if (assembly.empty()) return done(gtl::status::error(kMsgMissingPart, L"Assembly"));
@@ -85,16 +81,11 @@ gtl::status FnExternalImpl::Bind(bool adoptDeclared) {
     if (!f.second.empty()) given.push_back(f);
   if (auto s = inst->Initialize(given); !s.succeeded()) return done(s);
   if (auto s = inst->Bind("Calculate", QVI_SIG_CALCULATE, calc); !s.succeeded()) return done(s);
-  const struct {
-    const char* name;
-    int signature;
-    QviDelegate* out;
-  } optional[] = {{"SetID", QVI_SIG_SET_ID, &setId},
-                  {"Review", QVI_SIG_REVIEW, &review},
-                  {"MaxPV", QVI_SIG_MAX_PV, &maxPV}};
-  for (const auto& m : optional)
-    if (inst->Type().Offers(str::to_wstring(m.name)))
-      if (auto s = inst->Bind(m.name, m.signature, *m.out); !s.succeeded()) return done(s);
+  if (auto s = inst->BindOffered({{"SetID", QVI_SIG_SET_ID, &setId},
+                                   {"Review", QVI_SIG_REVIEW, &review},
+                                   {"MaxPV", QVI_SIG_MAX_PV, &maxPV}});
+      !s.succeeded())
+    return done(s);
   instance = std::move(inst);
   return done({});
 }
@@ -113,6 +104,12 @@ FnAttr FnExternal::FnAttrField(const std::wstring& name, const std::wstring& val
 }
 
 FnExternal::FnExternal() : impl_(std::make_shared<FnExternalImpl>()) {}
+
+void FnExternal::Refresh() {
+  callFailed_ = false;
+  calc_ = reinterpret_cast<CalculateFn>(impl_->calc.fn);
+  self_ = impl_->calc.self;
+}
 FnExternal::~FnExternal() = default;
 
 FnExternalImpl& FnExternal::Own() {
@@ -144,7 +141,9 @@ gtl::status FnExternal::SetFieldValue(std::size_t index, const std::wstring& val
     return gtl::status::error(kMsgNotWritable, value, impl_->fields[index].first, impl_->function);
   FnExternalImpl& d = Own();
   d.fields[index].second = value;
-  return d.Bind(false);
+  const gtl::status s = d.Bind(false);
+  Refresh();
+  return s;
 }
 
 gtl::status FnExternal::SetAttributes(const std::vector<FnAttr>& attrs) {
@@ -182,6 +181,7 @@ gtl::status FnExternal::SetAttributes(const std::vector<FnAttr>& attrs) {
   }
   // The add-in's own failure stays in LastError (see the header).
   if (changed || !d.instance) d.Bind(false);
+  Refresh();
   return s;
 }
 
@@ -191,28 +191,27 @@ gtl::status FnExternal::SetExternalFunction(const std::wstring& assembly, const 
   FnExternalImpl& d = Own();
   d.assembly = assembly;
   d.function = function;
-  return d.Bind(true);
+  const gtl::status s = d.Bind(true);
+  Refresh();
+  return s;
 }
 
 double FnExternal::Calculate(const double* x, const double* y) const {
-  FnExternalImpl& d = *impl_;
-  if (!d.calc.fn) return qvi::kNoValue;  // LastError holds the load failure
+  if (!calc_) return qvi::kNoValue;  // LastError holds the load failure
   double out = qvi::kNoValue;
-  const int rc = reinterpret_cast<CalculateFn>(d.calc.fn)(d.calc.self, x, y, &out);
-  if (rc == 0 && std::isfinite(out)) {
-    if (d.callFailed) {
-      d.lastError = {};
-      d.callFailed = false;
-    }
+  const int rc = calc_(self_, x, y, &out);
+  if (rc == 0 && std::isfinite(out)) [[likely]] {
+    if (callFailed_) [[unlikely]]
+      callFailed_ = false;
     return out;
   }
-  d.callFailed = true;
-  d.lastError = rc != 0 ? gtl::status::error(kMsgCallFailed, d.function, L"Calculate", rc)
-                        : gtl::status::error(kMsgNotFinite, d.function, x ? *x : qvi::kNoValue);
+  callFailed_ = true;
+  callError_ = rc != 0 ? gtl::status::error(kMsgCallFailed, impl_->function, L"Calculate", rc)
+                       : gtl::status::error(kMsgNotFinite, impl_->function, x ? *x : qvi::kNoValue);
   return qvi::kNoValue;
 }
 
-gtl::status FnExternal::LastError() const { return impl_->lastError; }
+gtl::status FnExternal::LastError() const { return callFailed_ ? callError_ : impl_->loadError; }
 
 void FnExternal::GetDataAttributes(std::vector<FnAttr>& attrs) const {
   attrs.push_back(FnAttrAssembly(impl_->assembly));
@@ -223,7 +222,10 @@ void FnExternal::GetDataAttributes(std::vector<FnAttr>& attrs) const {
 IFnReview* FnExternal::GetReview() const { return impl_->review.fn ? impl_.get() : nullptr; }
 
 gtl::status FnExternal::InitializeInstance(GID fnNum, GID) {
-  if (impl_.use_count() > 1) Own().Bind(false);
+  if (impl_.use_count() > 1) {
+    Own().Bind(false);
+    Refresh();
+  }
   FnExternalImpl& d = *impl_;
   if (!d.setId.fn) return {};
   const int rc = reinterpret_cast<SetIDFn>(d.setId.fn)(d.setId.self, static_cast<int>(fnNum));

@@ -108,7 +108,17 @@ class FnExternal : public FnImpl, public ITableContext {
   FnExternalImpl& Own();
   gtl::status SetFieldValue(std::size_t index, const std::wstring& value);
 
+  // Takes the bound "Calculate" from the implementation after a (re)bind.
+  void Refresh();
+
   std::shared_ptr<FnExternalImpl> impl_;
+  // The bound "Calculate", kept here so that an evaluation reaches the add-in
+  // without going through the implementation object.
+  int (*calc_)(void*, const double*, const double*, double*) = nullptr;
+  void* self_ = nullptr;
+  // The failure of the last evaluation, when it failed.
+  mutable bool callFailed_ = false;
+  mutable gtl::status callError_;
 };
 
 }  // namespace v7

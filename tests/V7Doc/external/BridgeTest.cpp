@@ -31,8 +31,8 @@ TEST(ExternalObject, ResolvesTheTwelveEntriesOfTheBuiltBridgeInTableOrder) {
   EXPECT_EQ(bridge.NumResolved(), 12);
   // Loaded once: a second load by the same name gives the same library.
   gtl::status s;
-  EXPECT_EQ(qvi::app::App::Instance().LoadLibrary(qvi::app::LibraryName(L"Qvi.MngSrv.Interop"), s),
-            qvi::app::App::Instance().LoadLibrary(qvi::app::LibraryName(L"Qvi.MngSrv.Interop"), s));
+  EXPECT_EQ(qvi::app::App::Instance().LoadSuiteLibrary(qvi::app::LibraryName(L"Qvi.MngSrv.Interop"), s),
+            qvi::app::App::Instance().LoadSuiteLibrary(qvi::app::LibraryName(L"Qvi.MngSrv.Interop"), s));
 }
 
 TEST(ExternalObject, MissingLibraryOrEntriesLeaveNullsAndNameTheReason) {

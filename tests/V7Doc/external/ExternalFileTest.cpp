@@ -7,6 +7,7 @@
 #include "QVI/str/Convert.h"
 #include "V7Doc/document/QVDocument.h"
 #include "V7Doc/external/ExternalFile.h"
+#include "V7Doc/files/DocumentPaths.h"
 #include "V7Doc/files/DocumentSchema.h"
 
 namespace v7 {
@@ -65,6 +66,12 @@ TEST(ExternalFile, ExpressionsResolveToTheMembersTheAccessorsAddress) {
       oc::IOC option, file;
       ASSERT_TRUE(oc::Find(store, optionPath, option).succeeded());
       ASSERT_TRUE(oc::Find(store, filePath + L".strFile_", file).succeeded());
+      // The patterns, placeholder and all, resolve through the document's
+      // expression reader to the same members.
+      oc::IOC viaPattern;
+      const auto patterns = ExternalFile::Patterns(f.ExtType(), doc.Analyses().At(id).kind);
+      ASSERT_TRUE(doc::FindInDocument(doc, patterns.first, viaPattern, id).succeeded());
+      EXPECT_TRUE(viaPattern == option);
 
       *f.PtrInitialCondOption() = InitialCondOption::Other;
       std::wstring text;
