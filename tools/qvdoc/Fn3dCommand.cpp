@@ -16,6 +16,7 @@
 #include "V7Doc/functions/Func3D.h"
 #include "V7Doc/functions/Func3DPointsCsv.h"
 #include "tools/qvdoc/Commands.h"
+#include "tools/qvdoc/Svg.h"
 
 namespace qvdoc {
 namespace {
@@ -65,18 +66,6 @@ std::string Colour(double t) {
   return buf;
 }
 
-std::string Escape(const std::string& s) {
-  std::string out;
-  for (char c : s) {
-    if (c == '<') out += "&lt;";
-    else if (c == '>') out += "&gt;";
-    else if (c == '&') out += "&amp;";
-    else if (c == '"') out += "&quot;";
-    else out += c;
-  }
-  return out;
-}
-
 void WriteMap(const Fn3dOptions& o, const v7::Func3D& f, int nx, int ny) {
   std::vector<v7::FnPoint> pts;
   f.GetDefinedPts(pts);
@@ -108,7 +97,7 @@ void WriteMap(const Fn3dOptions& o, const v7::Func3D& f, int nx, int ny) {
   out << "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"" << L + W + legendW << "\" height=\"" << T + H + B
       << "\" font-family=\"sans-serif\" font-size=\"12\">\n<rect width=\"100%\" height=\"100%\" fill=\"white\"/>\n"
       << "<text x=\"" << L + W / 2 << "\" y=\"28\" text-anchor=\"middle\" font-size=\"14\">"
-      << Escape(o.file + " (" + o.model + ")") << "</text>\n";
+      << SvgEscape(o.file + " (" + o.model + ")") << "</text>\n";
   const double cw = W / nx, ch = H / ny;
   for (int j = 0; j < ny; ++j)
     for (int i = 0; i < nx; ++i) {

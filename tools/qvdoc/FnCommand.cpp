@@ -27,6 +27,7 @@
 #include "V7Doc/functions/FnEstHydK.h"
 #include "V7Doc/functions/FnImpl.h"
 #include "tools/qvdoc/Commands.h"
+#include "tools/qvdoc/Svg.h"
 
 namespace qvdoc {
 namespace {
@@ -90,18 +91,6 @@ std::vector<double> NiceTicks(double lo, double hi, int want) {
   return ticks;
 }
 
-std::string Escape(const std::string& s) {
-  std::string out;
-  for (char c : s) {
-    if (c == '<') out += "&lt;";
-    else if (c == '>') out += "&gt;";
-    else if (c == '&') out += "&amp;";
-    else if (c == '"') out += "&quot;";
-    else out += c;
-  }
-  return out;
-}
-
 void WriteSvg(const FnOptions& o, const v7::IFn& fn, const std::vector<double>& xs,
               const std::vector<double>& ys, const std::vector<v7::FnPoint>& data,
               const std::vector<double>& ks) {
@@ -128,7 +117,7 @@ void WriteSvg(const FnOptions& o, const v7::IFn& fn, const std::vector<double>& 
       << "\" font-family=\"sans-serif\" font-size=\"12\">\n"
       << "<rect width=\"100%\" height=\"100%\" fill=\"white\"/>\n"
       << "<text x=\"" << W / 2 << "\" y=\"28\" text-anchor=\"middle\" font-size=\"14\">"
-      << Escape(o.text) << "</text>\n";
+      << SvgEscape(o.text) << "</text>\n";
   // Frame, grid and ticks.
   std::snprintf(buf, sizeof buf,
                 "<rect x=\"%g\" y=\"%g\" width=\"%g\" height=\"%g\" fill=\"none\" stroke=\"black\"/>\n", L,
@@ -174,9 +163,9 @@ void WriteSvg(const FnOptions& o, const v7::IFn& fn, const std::vector<double>& 
                             : o.suction                             ? std::string("Volumetric water content")
                                                                     : std::string("y");
   out << "<text x=\"" << (L + W - R) / 2 << "\" y=\"" << H - 18 << "\" text-anchor=\"middle\">"
-      << Escape(label(fn->InputParam(), xName)) << (o.logX ? " (log scale)" : "") << "</text>\n";
+      << SvgEscape(label(fn->InputParam(), xName)) << (o.logX ? " (log scale)" : "") << "</text>\n";
   out << "<text transform=\"translate(20," << (T + H - B) / 2 << ") rotate(-90)\" text-anchor=\"middle\">"
-      << Escape(label(fn->OutputParam(), yName)) << "</text>\n";
+      << SvgEscape(label(fn->OutputParam(), yName)) << "</text>\n";
   // The curve, broken where the function has no value.
   std::string path;
   bool pen = false;

@@ -13,7 +13,11 @@ namespace {
 constexpr unsigned kMsgTooFew = 33571;
 constexpr unsigned kMsgBadVariogram = 33575;
 
-double Distance(const Point3D& p, double x, double y) { return std::hypot(p.x - x, p.y - y); }
+// sqrt rather than hypot: coordinates never come near overflow here, and
+// hypot's care costs several times more in the O(k^2) matrix fill.
+double Distance(const Point3D& p, double x, double y) {
+  return std::sqrt((p.x - x) * (p.x - x) + (p.y - y) * (p.y - y));
+}
 }  // namespace
 
 struct KrigSurface::Global {
@@ -60,18 +64,15 @@ gtl::status KrigSurface::SetPoints(const std::vector<Point3D>& points) {
       // Too few pairs to fit: a spherical model whose range is twice the
       // points' extent is nearly linear over them, the safe default of
       // Isaaks and Srivastava (1989, ch. 16) for sparse data.
-      double xmin = points_[0].x, xmax = xmin, ymin = points_[0].y, ymax = ymin, mean = 0;
-      for (const Point3D& p : points_) {
-        xmin = std::min(xmin, p.x), xmax = std::max(xmax, p.x);
-        ymin = std::min(ymin, p.y), ymax = std::max(ymax, p.y);
-        mean += p.z;
-      }
+      const Extent box = ExtentOf(points_);
+      double mean = 0;
+      for (const Point3D& p : points_) mean += p.z;
       mean /= static_cast<double>(points_.size());
       double var = 0;
       for (const Point3D& p : points_) var += (p.z - mean) * (p.z - mean);
       var /= static_cast<double>(points_.size());
       variogram_ = Variogram{kind_.value_or(VariogramKind::Spherical), 0.0, var > 0 ? var : 1.0,
-                             2.0 * std::max(std::hypot(xmax - xmin, ymax - ymin), 1e-300)};
+                             2.0 * std::max(std::hypot(box.Width(), box.Height()), 1e-300)};
     }
   }
   if (flat_) return {};

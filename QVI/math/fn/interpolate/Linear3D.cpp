@@ -90,13 +90,9 @@ gtl::status Linear3D::SetPoints(const std::vector<Point3D>& points) {
 gtl::status Linear3D::Triangulate() {
   // Centred and scaled to about unit size: Qhull's tolerances are relative to
   // the coordinates' magnitude, and survey coordinates sit far from zero.
-  double xmin = vertices_[0].x, xmax = xmin, ymin = vertices_[0].y, ymax = ymin;
-  for (const Point3D& p : vertices_) {
-    xmin = std::min(xmin, p.x), xmax = std::max(xmax, p.x);
-    ymin = std::min(ymin, p.y), ymax = std::max(ymax, p.y);
-  }
-  const double cx = 0.5 * (xmin + xmax), cy = 0.5 * (ymin + ymax);
-  const double scale = std::max(xmax - xmin, ymax - ymin);
+  const Extent box = ExtentOf(vertices_);
+  const double cx = 0.5 * (box.xmin + box.xmax), cy = 0.5 * (box.ymin + box.ymax);
+  const double scale = std::max(box.Width(), box.Height());
   std::vector<coordT> coords(2 * vertices_.size());
   for (std::size_t i = 0; i < vertices_.size(); ++i) {
     coords[2 * i] = (vertices_[i].x - cx) / scale;
@@ -196,18 +192,15 @@ void Linear3D::BuildNeighbours() {
 }
 
 void Linear3D::BuildStartGrid() {
-  double xmin = vertices_[0].x, xmax = xmin, ymin = vertices_[0].y, ymax = ymin;
-  for (const Point3D& p : vertices_) {
-    xmin = std::min(xmin, p.x), xmax = std::max(xmax, p.x);
-    ymin = std::min(ymin, p.y), ymax = std::max(ymax, p.y);
-  }
-  // About two triangles per cell, cells as square as the extent allows.
-  const double w = std::max(xmax - xmin, 1e-300), h = std::max(ymax - ymin, 1e-300);
-  const double cells = std::max(1.0, static_cast<double>(triangles_.size()) / 2.0);
+  const Extent box = ExtentOf(vertices_);
+  // About one triangle per cell, cells as square as the extent allows: the
+  // walk from a cell's triangle then takes one or two steps.
+  const double w = std::max(box.Width(), 1e-300), h = std::max(box.Height(), 1e-300);
+  const double cells = std::max(1.0, static_cast<double>(triangles_.size()));
   const double side = std::sqrt(w * h / cells);
   gnx_ = static_cast<std::int32_t>(std::clamp(std::ceil(w / side), 1.0, 4096.0));
   gny_ = static_cast<std::int32_t>(std::clamp(std::ceil(h / side), 1.0, 4096.0));
-  gx0_ = xmin, gy0_ = ymin, gdx_ = w / gnx_, gdy_ = h / gny_;
+  gx0_ = box.xmin, gy0_ = box.ymin, gdx_ = w / gnx_, gdy_ = h / gny_;
   gridStart_.assign(static_cast<std::size_t>(gnx_) * gny_, -1);
   std::deque<std::int32_t> frontier;
   for (std::size_t t = 0; t < triangles_.size(); ++t) {

@@ -5,6 +5,8 @@
 #include <queue>
 #include <utility>
 
+#include "QVI/math/fn/interpolate/ScatteredPoints.h"
+
 namespace math::fn::interpolate {
 
 void NearestPoints::Build(const std::vector<Point3D>& points) {
@@ -13,19 +15,15 @@ void NearestPoints::Build(const std::vector<Point3D>& points) {
   index_.clear();
   nx_ = ny_ = 0;
   if (points.empty()) return;
-  double xmin = points[0].x, xmax = xmin, ymin = points[0].y, ymax = ymin;
-  for (const Point3D& p : points) {
-    xmin = std::min(xmin, p.x), xmax = std::max(xmax, p.x);
-    ymin = std::min(ymin, p.y), ymax = std::max(ymax, p.y);
-  }
-  const double w = xmax - xmin, h = ymax - ymin;
+  const Extent box = ExtentOf(points);
+  const double w = box.Width(), h = box.Height();
   const double cells = std::max(1.0, static_cast<double>(points.size()) / 2.0);
   // Square cells over the extent; a flat extent (points on a line) gets one
   // row or column.
   const double side = (w > 0 && h > 0) ? std::sqrt(w * h / cells) : std::max(w, h) / cells;
   nx_ = side > 0 && w > 0 ? static_cast<std::int32_t>(std::clamp(std::ceil(w / side), 1.0, 4096.0)) : 1;
   ny_ = side > 0 && h > 0 ? static_cast<std::int32_t>(std::clamp(std::ceil(h / side), 1.0, 4096.0)) : 1;
-  x0_ = xmin, y0_ = ymin;
+  x0_ = box.xmin, y0_ = box.ymin;
   dx_ = w > 0 ? w / nx_ : 1.0;
   dy_ = h > 0 ? h / ny_ : 1.0;
   const std::size_t ncell = static_cast<std::size_t>(nx_) * ny_;

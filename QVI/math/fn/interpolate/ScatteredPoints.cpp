@@ -35,17 +35,23 @@ gtl::status MergeCoincidentPoints(const std::vector<Point3D>& in, std::vector<Po
   return {};
 }
 
+Extent ExtentOf(const std::vector<Point3D>& points) {
+  if (points.empty()) return {};
+  Extent e{points[0].x, points[0].x, points[0].y, points[0].y};
+  for (const Point3D& p : points) {
+    e.xmin = std::min(e.xmin, p.x), e.xmax = std::max(e.xmax, p.x);
+    e.ymin = std::min(e.ymin, p.y), e.ymax = std::max(e.ymax, p.y);
+  }
+  return e;
+}
+
 bool AllCollinear(const std::vector<Point3D>& points) {
   if (points.size() < 3) return true;
   // The line through the two points farthest apart along the wider axis;
   // a point off that line by more than a tiny fraction of the extent makes
   // a proper triangle.
-  double xmin = points[0].x, xmax = xmin, ymin = points[0].y, ymax = ymin;
-  for (const Point3D& p : points) {
-    xmin = std::min(xmin, p.x), xmax = std::max(xmax, p.x);
-    ymin = std::min(ymin, p.y), ymax = std::max(ymax, p.y);
-  }
-  const bool alongX = (xmax - xmin) >= (ymax - ymin);
+  const Extent box = ExtentOf(points);
+  const bool alongX = box.Width() >= box.Height();
   auto key = [&](const Point3D& p) { return alongX ? p.x : p.y; };
   const auto [lo, hi] = std::minmax_element(points.begin(), points.end(),
                                             [&](const Point3D& a, const Point3D& b) { return key(a) < key(b); });

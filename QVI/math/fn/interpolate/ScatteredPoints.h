@@ -24,6 +24,14 @@ struct ScatteredPointsReport {
 gtl::status MergeCoincidentPoints(const std::vector<Point3D>& in, std::vector<Point3D>& out,
                                   ScatteredPointsReport* report = nullptr);
 
+// The bounding box of the points' positions (all zero for no point).
+struct Extent {
+  double xmin = 0, xmax = 0, ymin = 0, ymax = 0;
+  double Width() const { return xmax - xmin; }
+  double Height() const { return ymax - ymin; }
+};
+Extent ExtentOf(const std::vector<Point3D>& points);
+
 // True when every point lies on one straight line through the first two
 // extreme points, within a relative tolerance of the points' extent (also
 // true for fewer than three points).
