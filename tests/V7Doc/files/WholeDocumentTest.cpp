@@ -192,6 +192,18 @@ TEST(WholeDocument, GeneratedDocumentRoundTripsRecordByRecordAndByteForByte) {
   EXPECT_FALSE(Equal(doc, loaded));
 }
 
+// DataInit on a document in use gives a new project: every declared member
+// back to what a new document holds.
+TEST(WholeDocument, DataInitResetsEveryMember) {
+  QVDocument doc, fresh;
+  Filler f;
+  Generate(doc, f);
+  doc.DataInit();
+  fresh.DataInit();
+  EXPECT_TRUE(Equal(doc, fresh));
+  EXPECT_EQ(Xml(doc), Xml(fresh));
+}
+
 // Every collection path of the schema, from the root, with the tag of one
 // element: the path resolves by persisted tags, is a collection, and names
 // its elements as written.
