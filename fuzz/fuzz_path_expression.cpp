@@ -14,15 +14,15 @@
 
 namespace {
 v7::QVDocument& Sample() {
-  static v7::QVDocument doc = [] {
-    v7::QVDocument d;
-    d.DataInit();
-    d.Analyses().Add(v7::ANALYSIS{});
-    d.StabItems().Get(1).reinforcements_.Add(v7::ReinforcementLoad{});
-    d.Sketch().texts_.Add(v7::v7qvi::SkText{L"note"});
+  static v7::QVDocument* doc = [] {
+    auto* d = new v7::QVDocument;
+    d->DataInit();
+    d->Analyses().Add(v7::ANALYSIS{});
+    d->StabItems().Get(1).reinforcements_.Add(v7::ReinforcementLoad{});
+    d->Sketch().texts_.Add(v7::v7qvi::SkText{L"note"});
     return d;
   }();
-  return doc;
+  return *doc;
 }
 }  // namespace
 
