@@ -61,7 +61,7 @@ struct MaterialUsesPiez {
 
 // "MaterialUsesRuParams[...]", "MaterialUsesBBarParams[...]": a material's
 // pore-pressure ratio ru = u / (gamma h) (Bishop & Morgenstern, 1960) or
-// pore-pressure parameter B-bar = du / dsigma1 (Skempton, 1954).
+// pore-pressure parameter B-bar = du / dsigma1 (Bishop, 1954).
 struct MaterialUsesParam {
   GID material = 0;  // "MaterialID" // refers to Materials
   double value = 0;  // "Value"
