@@ -87,7 +87,8 @@ struct Associations {
   std::vector<GeometryUsesBC> xdispBCIDByGGID;
   std::vector<GeometryUsesBC> ydispBCIDByGGID;
   std::vector<GeometryUsesBC> rotBCIDByGGID;
-  // Sorted by line or material, one entry per key.
+  // Line and material maps, in the order entered (a reader looks a key up
+  // by a linear search: a context holds a few dozen of them at most).
   std::vector<LineSideUsesMaterial> cwLineSideMaterials_;
   std::vector<LineSideUsesMaterial> ccwLineSideMaterials_;
   std::vector<LineUsesAttribute> lineBars_;
