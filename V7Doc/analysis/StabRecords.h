@@ -71,8 +71,8 @@ enum class ReinforcementType : std::int32_t {
 // surface is the least of the tensile capacity and the pull-out resistance
 // of the length beyond the surface (bond resistance times length, over the
 // spacing); a pile gives its shear capacity instead. A load that depends on
-// the factor of safety is divided by it, as the slip-surface resistance is
-// (the mobilised-force convention of Fredlund & Krahn, 1977).
+// the factor of safety is divided by it, as the shear resistance of the
+// slip surface is: both count as resistance, mobilised to the same degree.
 struct ReinforcementLoad {
   GID nID_ = 0;  // written only through REINFIDPolicy
   std::wstring name_;                                  // "Name"

@@ -61,7 +61,7 @@ struct MaterialUsesPiez {
 
 // "MaterialUsesRuParams[...]", "MaterialUsesBBarParams[...]": a material's
 // pore-pressure ratio ru = u / (gamma h) (Bishop & Morgenstern, 1960) or
-// pore-pressure parameter B-bar = du / dsigma1 (Skempton, 1954).
+// pore-pressure parameter B-bar = du / dsigma1 (Bishop, 1954).
 struct MaterialUsesParam {
   GID material = 0;  // "MaterialID" // refers to Materials
   double value = 0;  // "Value"
@@ -87,7 +87,8 @@ struct Associations {
   std::vector<GeometryUsesBC> xdispBCIDByGGID;
   std::vector<GeometryUsesBC> ydispBCIDByGGID;
   std::vector<GeometryUsesBC> rotBCIDByGGID;
-  // Sorted by line or material, one entry per key.
+  // Line and material maps, in the order entered (a reader looks a key up
+  // by a linear search: a context holds a few dozen of them at most).
   std::vector<LineSideUsesMaterial> cwLineSideMaterials_;
   std::vector<LineSideUsesMaterial> ccwLineSideMaterials_;
   std::vector<LineUsesAttribute> lineBars_;

@@ -8,7 +8,7 @@
 // The stiffness of an element of unit thickness out of the section is the
 // attribute's over its spacing: a row of anchors 2 m apart acts as a bar of
 // E*A/2 per metre (the equivalent-plate idealisation of plane-strain
-// analyses, e.g. Potts & Zdravkovic, 2001, ch. 3).
+// analyses, e.g. Potts & Zdravkovic, 2001).
 //
 // A deleted attribute is marked by a flag of its own, never persisted: a
 // record read from a file is always live, whatever its values.

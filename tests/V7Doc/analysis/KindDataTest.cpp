@@ -57,6 +57,33 @@ TEST_F(KindDataInDocument, DeletionAndCompactionRepairReferences) {
   EXPECT_EQ(doc.StabItems().Find(2)->vSurcharges_.At(1).fnNum_, 0u) << "now a constant surcharge";
 }
 
+// A full compaction squeezes the identified lists of the per-kind data; the
+// flux labels follow their sections, and a label whose section is gone
+// goes with it.
+TEST_F(KindDataInDocument, CompactionSqueezesTheirOwnTablesAndLabelsFollow) {
+  HydroData& hydro = doc.HydroItems().Get(1);
+  for (const wchar_t* name : {L"toe", L"crest", L"drain"}) hydro.fluxSections_.Add(FLUX{0, name, {}});
+  hydro.vFluxLabels_ = {{1, 0, 0}, {2, 1, 1}, {3, 2, 2}};
+  hydro.fluxSections_.Delete({2});
+  StabData& stab = doc.StabItems().Get(2);
+  for (int i = 1; i <= 3; ++i) stab.slipSurfaces_.Add(SLIP{0, L"s" + std::to_wstring(i), {}});
+  stab.slipSurfaces_.Delete({1});
+  doc.ContainerManager().FullCompact();
+
+  const HydroData& h = *doc.HydroItems().Find(1);
+  ASSERT_EQ(h.fluxSections_.Size(), 2u);
+  EXPECT_EQ(h.fluxSections_.At(2).name_, L"drain");
+  EXPECT_EQ(h.fluxSections_.At(2).nID_, 2u);
+  ASSERT_EQ(h.vFluxLabels_.size(), 2u);
+  EXPECT_EQ(h.vFluxLabels_[0].nFluxID_, 1u);
+  EXPECT_EQ(h.vFluxLabels_[1].nFluxID_, 2u) << "the drain's label follows it";
+  EXPECT_EQ(h.vFluxLabels_[1].fX_, 2);
+  const auto& slips = doc.StabItems().Find(2)->slipSurfaces_;
+  ASSERT_EQ(slips.Size(), 2u);
+  EXPECT_EQ(slips.At(1).name_, L"s2");
+  EXPECT_EQ(slips.At(1).nID_, 1u);
+}
+
 TEST(KindData, AssignAndIsEqualCompareByType) {
   StabData a, b;
   a.nNumTrials_ = 5;

@@ -8,6 +8,8 @@
 #include <cmath>
 #include <set>
 #include <string>
+#include <optional>
+#include <utility>
 #include <vector>
 
 #include "OC/Path.h"
@@ -192,6 +194,18 @@ TEST(WholeDocument, GeneratedDocumentRoundTripsRecordByRecordAndByteForByte) {
   EXPECT_FALSE(Equal(doc, loaded));
 }
 
+// DataInit on a document in use gives a new project: every declared member
+// back to what a new document holds.
+TEST(WholeDocument, DataInitResetsEveryMember) {
+  QVDocument doc, fresh;
+  Filler f;
+  Generate(doc, f);
+  doc.DataInit();
+  fresh.DataInit();
+  EXPECT_TRUE(Equal(doc, fresh));
+  EXPECT_EQ(Xml(doc), Xml(fresh));
+}
+
 // Every collection path of the schema, from the root, with the tag of one
 // element: the path resolves by persisted tags, is a collection, and names
 // its elements as written.
@@ -361,6 +375,39 @@ TEST(WholeDocument, AliasesAndPathExpressionsResolve) {
       EXPECT_TRUE(a == m);
     }
   }
+  // The function tables under their descriptive aliases; the persisted short
+  // names are the members.
+  const std::pair<const wchar_t*, const wchar_t*> functions[] = {
+      {L"HydKFns", L"HKFns"}, {L"HydVolWCFns", L"SFns"}, {L"AirKFns", L"AirKFns"},
+      {L"StressCyclicNumFns", L"DCFns"}, {L"StressSeedPWPFns", L"DPFns"},
+      {L"StressGReductionFns", L"DGFns"}, {L"StressDampingRatioFns", L"DDFns"},
+      {L"StressKAlphaCorrFns", L"DKaFns"}, {L"StressKSigmaCorrFns", L"DKsFns"},
+      {L"StressMFSPWPFns", L"MFSPFns"}, {L"StressEModulusFns", L"EModFns"},
+      {L"StressGmaxFns", L"GmaxFns"}, {L"StressKRedFns", L"KRedFns"},
+      {L"StressTotalEModulusFns", L"TotalEModFns"}, {L"StressTotalCohesionFns", L"TotalCFns"},
+      {L"StressRecModulusFns", L"RecModulusFns"}, {L"StressAnisoFns", L"AFns"},
+      {L"StressStrengthFns", L"StrengthFns"}, {L"ProbFns", L"ProbFns"},
+      {L"WeightFns", L"WeightFns"}, {L"CohesionFns", L"CohesionFns"}, {L"PhiFns", L"PhiFns"},
+      {L"ThermKFns", L"TKFns"}, {L"ThermKTempFns", L"TKTempFns"},
+      {L"ThermUnfrozenWCFns", L"UWCFns"}, {L"ThermVolSpecHeatFns", L"VSHFns"},
+      {L"ContamAdsorpFns", L"AdsFns"}, {L"ContamDiffusionFns", L"DifFns"},
+      {L"AirBoundFns", L"AirBFns"}, {L"HydBoundFns", L"HydBFns"}, {L"HydBoundModFns", L"HydMFns"},
+      {L"ThermBoundFns", L"ThermBFns"}, {L"ThermBoundModFns", L"ThermMFns"},
+      {L"GasBoundFns", L"GasBFns"}, {L"GasBoundModFns", L"GasMFns"},
+      {L"StressBoundFns", L"StressBFns"}, {L"ContamBoundFns", L"ConcBFns"},
+      {L"ClimateBoundLeafAreaIndexFns", L"LAIFns"}, {L"ClimateBoundPlantMoistLimitFns", L"PMLFns"},
+      {L"ClimateBoundRootDepthFns", L"RDFns"}};
+  for (auto [alias, member] : functions) {
+    SCOPED_TRACE(str::to_utf8(alias));
+    oc::IOC a, m, e;
+    ASSERT_TRUE(doc::FindInCurrent(std::wstring(L"v7::doc::Function::") + alias, a).succeeded());
+    ASSERT_TRUE(oc::Find(DocumentStore(*current), member, m).succeeded());
+    EXPECT_TRUE(a == m);
+    // "QVDocumentGetCurrent()." with the member reaches it too.
+    ASSERT_TRUE(doc::FindInCurrent(std::wstring(L"QVDocumentGetCurrent().") + member, e).succeeded());
+    EXPECT_TRUE(e == m);
+  }
+
   // Failures name what is wrong.
   oc::IOC node;
   EXPECT_TRUE(doc::FindInCurrent(L"doc::Analyses()[OC_INDEX1].Name", node).failed()) << "no index given";
