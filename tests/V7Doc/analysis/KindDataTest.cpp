@@ -14,7 +14,7 @@ struct KindDataInDocument : ::testing::Test {
     doc.DataInit();
     for (int i = 0; i < 3; ++i) doc.Analyses().Add(ANALYSIS{});
     for (int i = 0; i < 4; ++i) doc.Materials().Add(MATL{});
-    for (int i = 0; i < 3; ++i) doc.FunctionList(kind_data::kStressBoundFns)->Add(Func2D(L"f"));
+    for (int i = 0; i < 3; ++i) doc.FunctionList(container::StressBFns)->Add(Func2D(L"f"));
     auto& stab = doc.StabItems().Get(2);
     stab.vSurcharges_.push_back({L"fill", 20, {}, 3, VariationType::Linear, false});
     stab.vSurcharges_.push_back({L"gone", 20, {}, 1, VariationType::Linear, true});
@@ -33,7 +33,7 @@ TEST_F(KindDataInDocument, UsageQueriesReachThePerKindData) {
   EXPECT_EQ(usage[4], (std::vector<GGID>{{container::HydroItems, 1}, {container::StabItems, 2}}));
   EXPECT_TRUE(usage[1].empty());
 
-  doc.ContainerManager().GetUsageOf(kind_data::kStressBoundFns, usage);
+  doc.ContainerManager().GetUsageOf(container::StressBFns, usage);
   ASSERT_EQ(usage.size(), 4u);
   EXPECT_EQ(usage[3], (std::vector<GGID>{{container::StabItems, 2}}));
   EXPECT_TRUE(usage[1].empty()) << "a deleted surcharge refers to nothing";
@@ -48,7 +48,7 @@ TEST_F(KindDataInDocument, DeletionAndCompactionRepairReferences) {
   EXPECT_EQ(doc.HydroItems().Find(1)->vInitialWaterTables_[0].vMaterials_, (std::vector<GID>{3}));
   EXPECT_EQ(doc.StabItems().Find(2)->vSurcharges_.size(), 1u) << "deleted surcharges squeezed out";
 
-  doc.FunctionList(kind_data::kStressBoundFns)->Delete({3});
+  doc.FunctionList(container::StressBFns)->Delete({3});
   EXPECT_EQ(doc.StabItems().Find(2)->vSurcharges_[0].fnNum_, 0u) << "now a constant surcharge";
 }
 
