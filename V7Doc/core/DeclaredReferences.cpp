@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "OC/RecordType.h"
 #include "OC/References.h"
 
 namespace v7 {
@@ -81,6 +82,7 @@ bool DeclaredReferences::RefersTo(GID container) const {
 
 void DeclaredReferences::AppendUsage(GID self, GID container, UsageList& usage) const {
   std::vector<Use> uses;
+  if (member_->table) uses.reserve(member_->table->Size(field_));  // usually one reference a record
   UsageCollector collect(container, uses);
   oc::ForEachRefIn(*member_, field_, collect);
   if (uses.empty()) return;
