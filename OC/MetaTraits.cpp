@@ -69,6 +69,11 @@ gtl::status ValidateMetaData(ValueType type, const meta::MetaDataTraits& traits)
         ((traits.min && d < *traits.min) || (traits.max && d > *traits.max)))
       return Mismatch(type, L"a default outside the bounds");
   }
+  if ((traits.ref != 0 || !traits.ref_via.empty()) && type != ValueType::UInt32 &&
+      type != ValueType::Array)
+    return Mismatch(type, L"a reference on a value that is no record number");
+  if (traits.ref != 0 && !traits.ref_via.empty())
+    return Mismatch(type, L"a reference to a fixed collection and through a member at once");
   if (traits.IsReadOnly() && traits.IsLegacy())
     return Mismatch(type, L"a member both read-only and legacy");
   return {};

@@ -8,8 +8,17 @@
 
 #include "QVI/gtl/status.h"
 
+namespace oc {
+class RefSink;
+}
+
 namespace meta {
 class MetaEnumCommon;
+
+// Reports the references a member's value holds inside itself (a function
+// that names a record of a table) to `sink`, which may give each a new
+// number; the hook stores the new numbers back into the record.
+using RefHook = void (*)(void* record, oc::RefSink& sink);
 
 // The persisted name of a member. A tag may be a dotted path, whose leading
 // steps become wrapper elements shared with sibling members
@@ -30,6 +39,15 @@ struct MetaDataTraits {
     None = 0,
     ReadOnly = 1u << 0,  // persisted and readable; Set refuses
     Legacy = 1u << 1,    // read from old files, never written
+    // A reference whose record is gone takes the element of the nearest
+    // enclosing list with it (a link that means nothing without its end).
+    DropWhenGone = 1u << 2,
+    // The element's own identifier within the container that holds the
+    // list (an entry keyed by analysis): usage answers name it.
+    Key = 1u << 3,
+    // A bool that marks the element deleted (waiting for a compaction): a
+    // deleted element's references count for nothing.
+    Deleted = 1u << 4,
   };
   std::optional<double> min;          // lower bound of a numeric value
   std::optional<double> max;          // upper bound of a numeric value
@@ -37,11 +55,29 @@ struct MetaDataTraits {
   std::wstring units;                 // display units ("kPa")
   unsigned flags = None;              // Flags
   const MetaEnumCommon* enum_table = nullptr;  // set for enumerations by the declaration
+  // References. A member that holds the number of a record of another
+  // collection names that collection (its container GID) here; the
+  // framework then finds, renumbers, clears and checks it (OC/References.h).
+  std::uint32_t ref = 0;          // the collection the value (or each element) names a record of
+  std::wstring ref_via;           // or: the sibling member holding that collection's GID (a GGID)
+  RefHook refs_in = nullptr;      // or: the value holds references of its own
+  // A collection member of a top-level object: the container GID it is
+  // registered as, so that its records' references answer for it.
+  std::uint32_t collection = 0;
 
   MetaDataTraits& Bounds(double lo, double hi) { min = lo; max = hi; return *this; }
   MetaDataTraits& Default(std::wstring text) { def = std::move(text); return *this; }
   MetaDataTraits& Units(std::wstring u) { units = std::move(u); return *this; }
   MetaDataTraits& Flag(unsigned f) { flags |= f; return *this; }
+  // The value is the number of a record of collection `c` (0: none). On an
+  // array of numbers, each element is; on a key map, each value is.
+  MetaDataTraits& Ref(std::uint32_t c) { ref = c; return *this; }
+  // The value is the number of a record of the collection named by the
+  // sibling member `container_member` (a GGID split in two members).
+  MetaDataTraits& RefVia(std::wstring container_member) { ref_via = std::move(container_member); return *this; }
+  MetaDataTraits& RefsIn(RefHook hook) { refs_in = hook; return *this; }
+  MetaDataTraits& Collection(std::uint32_t id) { collection = id; return *this; }
+  bool IsReference() const { return ref != 0 || !ref_via.empty() || refs_in != nullptr; }
   bool IsReadOnly() const { return (flags & ReadOnly) != 0; }
   bool IsLegacy() const { return (flags & Legacy) != 0; }
 };

@@ -58,6 +58,18 @@ class SequenceOps {
   virtual bool Equal(const void* a, const void* b) const = 0;
   virtual void Copy(void* dst, const void* src) const = 0;
   virtual void Move(void* dst, void* src) const = 0;
+  // Moves element `src` onto element `dst` (removing elements in place).
+  virtual void MoveElement(void* seq, std::size_t dst, std::size_t src) const = 0;
+  // A key map's entry: where its key is, and where its value is when that
+  // is a record number (nullptr otherwise, and for other collections).
+  virtual std::uint32_t* EntryKey(void* elem) const {
+    (void)elem;
+    return nullptr;
+  }
+  virtual std::uint32_t* EntryValue(void* elem) const {
+    (void)elem;
+    return nullptr;
+  }
   // The most elements the collection holds (a fixed-length array); a read
   // that finds more is an error naming the collection.
   virtual std::size_t MaxSize() const { return static_cast<std::size_t>(-1); }

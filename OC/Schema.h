@@ -184,6 +184,10 @@ class VectorOps final : public SequenceOps {
   void Move(void* d, void* s) const override {
     *static_cast<Vec*>(d) = std::move(*static_cast<Vec*>(s));
   }
+  void MoveElement(void* s, std::size_t d, std::size_t from) const override {
+    auto& v = *static_cast<Vec*>(s);
+    v[d] = std::move(v[from]);
+  }
 };
 
 // A fixed-length array is written like a vector of its N elements. Its
@@ -208,6 +212,10 @@ class FixedArrayOps final : public SequenceOps {
   void Move(void* d, void* s) const override {
     *static_cast<Arr*>(d) = std::move(*static_cast<Arr*>(s));
   }
+  void MoveElement(void* s, std::size_t d, std::size_t from) const override {
+    auto& a = *static_cast<Arr*>(s);
+    a[d] = std::move(a[from]);
+  }
   std::size_t MaxSize() const override { return std::tuple_size_v<Arr>; }
 };
 
@@ -229,6 +237,19 @@ class KeyValueOps final : public SequenceOps {
   // Entries only: the key container a map is registered with stays its own.
   void Copy(void* d, const void* s) const override { Entries(d) = Entries(s); }
   void Move(void* d, void* s) const override { Entries(d) = std::move(Entries(s)); }
+  void MoveElement(void* s, std::size_t d, std::size_t from) const override {
+    Entries(s)[d] = std::move(Entries(s)[from]);
+  }
+  std::uint32_t* EntryKey(void* elem) const override {
+    if constexpr (std::is_same_v<typename Map::value_type::first_type, std::uint32_t>)
+      return &static_cast<typename Map::value_type*>(elem)->first;
+    else return nullptr;
+  }
+  std::uint32_t* EntryValue(void* elem) const override {
+    if constexpr (std::is_same_v<typename Map::value_type::second_type, std::uint32_t>)
+      return &static_cast<typename Map::value_type*>(elem)->second;
+    else return nullptr;
+  }
   gtl::status Finish(void* s, std::size_t) const override {
     return DroppedKeysWarning(static_cast<Map*>(s)->Normalize());
   }

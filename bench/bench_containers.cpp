@@ -6,6 +6,7 @@
 #include <numeric>
 #include <random>
 
+#include "OC/Schema.h"
 #include "V7Doc/core/QVContainerAssoc.h"
 #include "V7Doc/core/QVContainerManager.h"
 #include "V7Doc/core/QVContainerTable.h"
@@ -110,32 +111,51 @@ void BM_FullCompact(benchmark::State& state) {
 }
 
 // A target table of n records and a referring table of n records, each
-// referring to a random target, plus an association keyed by the targets.
-class Referrer : public Table {
- public:
-  void OnRegistration() override { Manager().Subscribe(this, 4); }
-  void OnGetUsageOf(GID c, v7::UsageList& usage) override {
-    Table::OnGetUsageOf(c, usage);
-    if (c != 4) return;
-    for (auto it = begin(); it != end(); ++it) usage[it->ref].push_back({ID(), it.ID()});
-  }
+// referring to a random target by a declared reference, plus an
+// association keyed by the targets.
+struct Users {
+  Table table;
+  friend bool operator==(const Users&, const Users&) = default;
 };
+
+}  // namespace
+
+template <>
+const oc::RecordType& oc::TypeOf<Rec>() {
+  static const RecordType& t = Schema<Rec>(L"BenchRec")
+                                   .Add(&Rec::x, L"x", L"X")
+                                   .Add(&Rec::ref, L"ref", L"Ref", meta::MetaDataTraits{}.Ref(4))
+                                   .Done();
+  return t;
+}
+
+template <>
+const oc::RecordType& oc::TypeOf<Users>() {
+  static const RecordType& t =
+      Schema<Users>(L"BenchUsers")
+          .Add(&Users::table, L"table", L"Users[User]", meta::MetaDataTraits{}.Collection(5))
+          .Done();
+  return t;
+}
+
+namespace {
 
 void BM_GetUsageOf(benchmark::State& state) {
   const auto n = static_cast<std::size_t>(state.range(0));
   v7::QVContainerManager m;
   Table targets = Filled(n);
-  Referrer users;
+  Users users;
   v7::QVContainerAssoc<GID> assoc;
   m.Register(&targets, L"Targets", 4);
-  m.Register(&users, L"Users", 5);
+  m.Register(&users.table, L"Users", 5);
+  m.DeclareRecords(5, *oc::TypeOf<Users>().FindMember(L"table"), &users.table);
   m.Register(&assoc, L"Assoc", 10);
   m.Subscribe(&assoc, 4);
   assoc.SetKeyContainerID(4);
-  users.Resize(n);
+  users.table.Resize(n);
   std::mt19937 rng(7);
   std::uniform_int_distribution<GID> pick(1, static_cast<GID>(n));
-  for (auto& r : users) r.ref = pick(rng);
+  for (auto& r : users.table) r.ref = pick(rng);
   for (GID id = 1; id <= n; id += 2) assoc.Insert(id, 1);
   for (auto _ : state) {
     v7::UsageList usage;

@@ -6,33 +6,6 @@
 
 namespace v7 {
 
-void ANALYSISTable::Delete(const std::vector<GID>& ids) {
-  std::vector<GID> deleted;
-  for (GID id : ids)
-    if (IsValidID(id)) deleted.push_back(id);
-  Base::Delete(ids);
-  std::sort(deleted.begin(), deleted.end());
-  for (auto it = begin(); it != end(); ++it)
-    if (std::binary_search(deleted.begin(), deleted.end(), it->parent)) it->parent = 0;
-}
-
-void ANALYSISTable::FullCompact(std::vector<GID>& renumber) {
-  Base::FullCompact(renumber);
-  for (auto it = begin(); it != end(); ++it)
-    it->parent = it->parent < renumber.size() ? renumber[it->parent] : 0;
-}
-
-void ANALYSISTable::OnGetUsageOf(GID container, UsageList& usage) {
-  Base::OnGetUsageOf(container, usage);
-  if (container != ID() || ID() == 0) return;
-  for (auto it = begin(); it != end(); ++it) {
-    const GID p = it->parent;
-    if (p == 0) continue;
-    if (p >= usage.size()) usage.resize(static_cast<std::size_t>(p) + 1);
-    usage[p].push_back(GGID(ID(), it.ID()));
-  }
-}
-
 gtl::status ANALYSISTable::SetParent(GID child, GID parent) {
   if (!IsValidID(child)) return gtl::status::error(analysis_msg::kNoAnalysis, child);
   if (parent != 0) {

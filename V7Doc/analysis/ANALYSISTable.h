@@ -1,8 +1,8 @@
 #pragma once
-// The "Analyses" collection (container 8). Besides the table itself it keeps
-// the parent links sound: a usage query of an analysis names its children,
-// deleting an analysis clears the links to it, and a full compaction
-// renumbers them.
+// The "Analyses" collection (container 8). An analysis's parent is a
+// declared reference: in a document, a usage query of an analysis names its
+// children, deleting an analysis (through any interface of the table) clears
+// the links to it, and a full compaction renumbers them.
 #include <vector>
 
 #include "QVI/gtl/status.h"
@@ -21,15 +21,6 @@ class ANALYSISTable : public TQVContainerTableANALYSIS<ANALYSIS> {
  public:
   using Base = TQVContainerTableANALYSIS<ANALYSIS>;
   ANALYSISTable() = default;
-
-  // Deletes the listed analyses; their children lose their parent (0).
-  void Delete(const std::vector<GID>& ids);
-
-  // Squeezes out deleted analyses and renumbers the parent links with them.
-  void FullCompact(std::vector<GID>& renumber) override;
-
-  // Usage of analyses: each child refers to its parent.
-  void OnGetUsageOf(GID container, UsageList& usage) override;
 
   // Sets the parent of `child` (0 for none). Refuses a child or parent that
   // is not a live analysis and a parent that descends from the child.

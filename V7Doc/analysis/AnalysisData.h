@@ -13,8 +13,6 @@
 
 namespace v7 {
 
-inline constexpr GID kAnalysesContainerID = 8;
-
 class AnalysisData {
  public:
   virtual ~AnalysisData() = default;
@@ -26,26 +24,21 @@ class AnalysisData {
   virtual void Assign(const AnalysisData& other) = 0;
   virtual bool IsEqual(const AnalysisData& other) const = 0;
   // Appends, for the analysis `analysis`, the references this data holds to
-  // records of `container`.
+  // records of `container` beyond those its declaration names (the
+  // declared ones answer through the container manager by themselves).
   virtual void OnGetUsageOf(GID analysis, const GID& container, UsageList& usage) const {
     (void)analysis;
     (void)container;
     (void)usage;
   }
-  // Repairs the references this data holds to records of `container` after
-  // they were renumbered or deleted: `newID(old)` is the new GID, 0 for a
-  // record that is gone (the reference is then dropped).
-  virtual void RemapReferences(GID container, const std::function<GID(GID)>& newID) {
-    (void)container;
-    (void)newID;
-  }
 };
 
-// One entry per analysis: the analysis GID and its data, sorted by GID. It
-// follows the analyses table: deleted analyses lose their entry, renumbered
-// ones are re-keyed.
+// One entry per analysis: the analysis GID and its data, sorted by GID. In a
+// document it follows the analyses table through the declaration of its
+// entries: deleted analyses lose their entry, renumbered ones are re-keyed
+// (order kept), and the references the data declares are repaired.
 template <class T>
-class AnalysisDataByAnalysisID : public IQVContainer, public IQVChangeListener {
+class AnalysisDataByAnalysisID : public IQVContainer {
  public:
   using Entry = std::pair<GID, T>;
 
@@ -93,55 +86,16 @@ class AnalysisDataByAnalysisID : public IQVContainer, public IQVChangeListener {
     entries_ = std::move(kept);
   }
 
-  // Follows the analyses, and the containers whose records the data refers
-  // to (T::ReferencedContainers()), so that usage queries of those reach the
-  // data and renumbering or deletion there repairs its references.
-  void OnRegistration() override {
-    Manager().Subscribe(this, kAnalysesContainerID);
-    for (GID c : T::ReferencedContainers()) Manager().Subscribe(this, c);
-  }
-
   // Nothing of its own is renumbered; every entry's data compacts its lists.
   void FullCompact(std::vector<GID>& renumber) override {
     renumber.clear();
     for (auto& e : entries_) e.second.FullCompact();
   }
 
-  // The entries use their analyses; then each entry's data reports what it
-  // refers to.
+  // What the entries' data hold beyond their declared references.
   void OnGetUsageOf(GID container, UsageList& usage) override {
-    if (container == kAnalysesContainerID)
-      for (const auto& e : entries_) {
-        if (e.first >= usage.size()) usage.resize(static_cast<std::size_t>(e.first) + 1);
-        usage[e.first].push_back(GGID(ID(), e.first));
-      }
     for (const auto& e : entries_) e.second.OnGetUsageOf(e.first, container, usage);
   }
-
-  void OnIDUpdate(GID container, const std::vector<GID>& renumber) override {
-    if (container != kAnalysesContainerID) {
-      const auto newID = [&](GID old) { return old < renumber.size() ? renumber[old] : GID{0}; };
-      for (auto& e : entries_) e.second.RemapReferences(container, newID);
-      return;
-    }
-    for (auto& e : entries_) e.first = e.first < renumber.size() ? renumber[e.first] : 0;
-    std::erase_if(entries_, [](const Entry& e) { return e.first == 0; });
-    std::stable_sort(entries_.begin(), entries_.end(),
-                     [](const Entry& a, const Entry& b) { return a.first < b.first; });
-  }
-  void OnDelete(GID container, const std::vector<GID>& ids) override {
-    if (container != kAnalysesContainerID) {
-      const auto newID = [&](GID old) {
-        return std::binary_search(ids.begin(), ids.end(), old) ? GID{0} : old;
-      };
-      for (auto& e : entries_) e.second.RemapReferences(container, newID);
-      return;
-    }
-    std::erase_if(entries_, [&](const Entry& e) {
-      return std::binary_search(ids.begin(), ids.end(), e.first);
-    });
-  }
-  void OnAdd(GID, const std::vector<GID>&) override {}
 
  private:
   typename std::vector<Entry>::iterator LowerBound(GID a) {

@@ -1,9 +1,9 @@
 #pragma once
 // The per-kind analysis data: what only one analysis kind needs, held per
 // analysis in the containers 61 to 67 ("SoluteItems" ... "EvapoItems").
-// Each answers usage queries with the references it holds.
-#include <functional>
-#include <span>
+// The references they hold (points, materials, BCs, regions, functions,
+// climate data, thermosyphons, convective surfaces) are declared with their
+// members and answered and repaired by the container manager.
 #include <string>
 #include <vector>
 
@@ -14,15 +14,6 @@
 #include "V7Doc/analysis/ShakeRecord.h"
 
 namespace v7 {
-
-// The document's container GIDs that per-kind data refer to or live in.
-namespace kind_data {
-inline constexpr GID kPoints = 1, kRegions = 3, kMaterials = 4, kBCs = 5,
-                     kStressBoundFns = 31,  // "StressBFns", the stress boundary functions
-                     kClimateData = 57, kThermosyphons = 58, kConvectiveSurfaces = 59,
-                     kSoluteItems = 61, kShakeItems = 62, kHydroItems = 63, kDeformItems = 64,
-                     kStabItems = 65, kThermoItems = 66, kEvapoItems = 67;
-}  // namespace kind_data
 
 // Shared implementation of Assign and IsEqual for a data type with value
 // semantics.
@@ -36,9 +27,6 @@ class AnalysisDataOf : public AnalysisData {
     const auto* o = dynamic_cast<const Derived*>(&other);
     return o && static_cast<const Derived&>(*this) == *o;
   }
-  // The containers whose records the data refers to; a type that refers to
-  // some hides this with its own list.
-  static std::span<const GID> ReferencedContainers() { return {}; }
 };
 
 // A water table or piezometric line, and the materials it applies to.
@@ -56,12 +44,6 @@ struct SoluteData : AnalysisDataOf<SoluteData> {
   std::vector<Particle> vParticles_;          // "Particles[Particle]"
   std::vector<ParticlePair> vParticlePairs_;  // "ParticlePairs[ParticlePair]"
   void DataInit() override { *this = SoluteData{}; }
-  void RemapReferences(GID container, const std::function<GID(GID)>& newID) override;
-  static std::span<const GID> ReferencedContainers() {
-    static constexpr GID kRefs[] = {kind_data::kBCs};
-    return kRefs;
-  }
-  void OnGetUsageOf(GID analysis, const GID& container, UsageList& usage) const override;
   friend bool operator==(const SoluteData& a, const SoluteData& b) {
     return a.vSources_ == b.vSources_ && a.vParticles_ == b.vParticles_ &&
            a.vParticlePairs_ == b.vParticlePairs_;
@@ -83,13 +65,7 @@ struct HydroData : AnalysisDataOf<HydroData> {
   std::vector<FluxLabel> vFluxLabels_;  // "FluxLabels[FluxLabel]"
   std::vector<FlowPath> vFlowPaths_;    // "FlowPaths[FlowPath]"
   void DataInit() override { *this = HydroData{}; }
-  void RemapReferences(GID container, const std::function<GID(GID)>& newID) override;
-  static std::span<const GID> ReferencedContainers() {
-    static constexpr GID kRefs[] = {kind_data::kPoints, kind_data::kMaterials};
-    return kRefs;
-  }
   void FullCompact() override;
-  void OnGetUsageOf(GID analysis, const GID& container, UsageList& usage) const override;
   friend bool operator==(const HydroData& a, const HydroData& b) {
     return a.vInitialWaterTables_ == b.vInitialWaterTables_ &&
            a.fluxSections_ == b.fluxSections_ && a.vFluxLabels_ == b.vFluxLabels_ &&
@@ -100,12 +76,6 @@ struct HydroData : AnalysisDataOf<HydroData> {
 struct DeformData : AnalysisDataOf<DeformData> {
   std::vector<GID> vIgnoredRegions_;  // regions left out of this stage (excavated, not yet built)
   void DataInit() override { *this = DeformData{}; }
-  void RemapReferences(GID container, const std::function<GID(GID)>& newID) override;
-  static std::span<const GID> ReferencedContainers() {
-    static constexpr GID kRefs[] = {kind_data::kRegions};
-    return kRefs;
-  }
-  void OnGetUsageOf(GID analysis, const GID& container, UsageList& usage) const override;
   friend bool operator==(const DeformData& a, const DeformData& b) {
     return a.vIgnoredRegions_ == b.vIgnoredRegions_;
   }
@@ -127,13 +97,7 @@ struct StabData : AnalysisDataOf<StabData> {
   // probability of failure to about +-1.5 % at 5 % (binomial standard error).
   std::int32_t nNumTrials_ = 1000;
   void DataInit() override { *this = StabData{}; }
-  void RemapReferences(GID container, const std::function<GID(GID)>& newID) override;
-  static std::span<const GID> ReferencedContainers() {
-    static constexpr GID kRefs[] = {kind_data::kPoints, kind_data::kMaterials, kind_data::kStressBoundFns};
-    return kRefs;
-  }
   void FullCompact() override;
-  void OnGetUsageOf(GID analysis, const GID& container, UsageList& usage) const override;
   friend bool operator==(const StabData& a, const StabData& b) {
     return a.vSurcharges_ == b.vSurcharges_ && a.vPiezometricLines_ == b.vPiezometricLines_ &&
            a.dataPoints_ == b.dataPoints_ && a.reinforcements_ == b.reinforcements_ &&
@@ -147,12 +111,6 @@ struct ThermoData : AnalysisDataOf<ThermoData> {
   std::vector<GID> vThermosyphons_;       // thermosyphons active in the analysis
   std::vector<GID> vConvectiveSurfaces_;  // convective surfaces active in the analysis
   void DataInit() override { *this = ThermoData{}; }
-  void RemapReferences(GID container, const std::function<GID(GID)>& newID) override;
-  static std::span<const GID> ReferencedContainers() {
-    static constexpr GID kRefs[] = {kind_data::kThermosyphons, kind_data::kConvectiveSurfaces};
-    return kRefs;
-  }
-  void OnGetUsageOf(GID analysis, const GID& container, UsageList& usage) const override;
   friend bool operator==(const ThermoData& a, const ThermoData& b) {
     return a.vThermosyphons_ == b.vThermosyphons_ &&
            a.vConvectiveSurfaces_ == b.vConvectiveSurfaces_;
@@ -163,13 +121,7 @@ struct EvapoData : AnalysisDataOf<EvapoData> {
   GID climateData_ = 0;  // the climate data set driving the surface; 0: none
   std::vector<WaterTableEntry> vInitialWaterTables_;
   void DataInit() override { *this = EvapoData{}; }
-  void RemapReferences(GID container, const std::function<GID(GID)>& newID) override;
-  static std::span<const GID> ReferencedContainers() {
-    static constexpr GID kRefs[] = {kind_data::kPoints, kind_data::kMaterials, kind_data::kClimateData};
-    return kRefs;
-  }
   void FullCompact() override;
-  void OnGetUsageOf(GID analysis, const GID& container, UsageList& usage) const override;
   friend bool operator==(const EvapoData& a, const EvapoData& b) {
     return a.climateData_ == b.climateData_ && a.vInitialWaterTables_ == b.vInitialWaterTables_;
   }

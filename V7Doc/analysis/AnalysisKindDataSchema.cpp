@@ -4,6 +4,7 @@
 // ("StabItems[$1].Entry.PressureLines[$2]") already use.
 #include "OC/Schema.h"
 #include "V7Doc/analysis/AnalysisKindData.h"
+#include "V7Doc/core/ContainerIDs.h"
 
 namespace oc {
 using namespace v7;
@@ -40,10 +41,10 @@ template <>
 const RecordType& TypeOf<WaterTableEntry>() {
   static const RecordType& t = Schema<WaterTableEntry>(L"WaterTableEntry")
       .Add(&WaterTableEntry::name_, L"name_", L"Name")
-      .Add(&WaterTableEntry::vPoints_, L"vPoints_", L"DataPoints[DataPoint]")
-      .Add(&WaterTableEntry::vMaterials_, L"vMaterials_", L"Materials[ID]")
+      .Add(&WaterTableEntry::vPoints_, L"vPoints_", L"DataPoints[DataPoint]", meta::MetaDataTraits{}.Ref(container::Points))
+      .Add(&WaterTableEntry::vMaterials_, L"vMaterials_", L"Materials[ID]", meta::MetaDataTraits{}.Ref(container::Materials))
       .Add(&WaterTableEntry::inputDef_, L"inputDef_", L"InputDefinition")
-      .Add(&WaterTableEntry::bMissing_, L"bMissing_", L"Deleted")
+      .Add(&WaterTableEntry::bMissing_, L"bMissing_", L"Deleted", meta::MetaDataTraits{}.Flag(meta::MetaDataTraits::Deleted))
       .Done();
   return t;
 }
@@ -51,7 +52,7 @@ const RecordType& TypeOf<WaterTableEntry>() {
 template <>
 const RecordType& TypeOf<SoluteData>() {
   static const RecordType& t = Schema<SoluteData>(L"SoluteData")
-      .Add(&SoluteData::vSources_, L"vSources_", L"Sources[ID]")
+      .Add(&SoluteData::vSources_, L"vSources_", L"Sources[ID]", meta::MetaDataTraits{}.Ref(container::BCs))
       .Add(&SoluteData::vParticles_, L"vParticles_", L"Particles[Particle]")
       .Add(&SoluteData::vParticlePairs_, L"vParticlePairs_", L"ParticlePairs[ParticlePair]")
       .Done();
@@ -81,7 +82,7 @@ const RecordType& TypeOf<HydroData>() {
 template <>
 const RecordType& TypeOf<DeformData>() {
   static const RecordType& t = Schema<DeformData>(L"DeformData")
-      .Add(&DeformData::vIgnoredRegions_, L"vIgnoredRegions_", L"IgnoredItems[ID]")
+      .Add(&DeformData::vIgnoredRegions_, L"vIgnoredRegions_", L"IgnoredItems[ID]", meta::MetaDataTraits{}.Ref(container::Regions))
       .Done();
   return t;
 }
@@ -106,8 +107,8 @@ const RecordType& TypeOf<StabData>() {
 template <>
 const RecordType& TypeOf<ThermoData>() {
   static const RecordType& t = Schema<ThermoData>(L"ThermoData")
-      .Add(&ThermoData::vThermosyphons_, L"vThermosyphons_", L"ThermoSyphons[ID]")
-      .Add(&ThermoData::vConvectiveSurfaces_, L"vConvectiveSurfaces_", L"ConvectiveSurfaces[ID]")
+      .Add(&ThermoData::vThermosyphons_, L"vThermosyphons_", L"ThermoSyphons[ID]", meta::MetaDataTraits{}.Ref(container::Thermosyphons))
+      .Add(&ThermoData::vConvectiveSurfaces_, L"vConvectiveSurfaces_", L"ConvectiveSurfaces[ID]", meta::MetaDataTraits{}.Ref(container::ConvectiveSurfaces))
       .Done();
   return t;
 }
@@ -115,7 +116,7 @@ const RecordType& TypeOf<ThermoData>() {
 template <>
 const RecordType& TypeOf<EvapoData>() {
   static const RecordType& t = Schema<EvapoData>(L"EvapoData")
-      .Add(&EvapoData::climateData_, L"climateData_", L"ClimateDataID")
+      .Add(&EvapoData::climateData_, L"climateData_", L"ClimateDataID", meta::MetaDataTraits{}.Ref(container::ClimateData))
       .Add(&EvapoData::vInitialWaterTables_, L"vInitialWaterTables_", L"InitialWaterTables[InitialWaterTable]")
       .Done();
   return t;
@@ -126,7 +127,11 @@ template <class D>
 const RecordType& ItemType(const wchar_t* name) {
   using E = typename AnalysisDataByAnalysisID<D>::Entry;
   static const RecordType& t = Schema<E>(name)
-      .Add(&E::first, L"first", L"ID")
+      // An item lives and dies with its analysis and is known by it.
+      .Add(&E::first, L"first", L"ID",
+           meta::MetaDataTraits{}
+               .Ref(container::Analyses)
+               .Flag(meta::MetaDataTraits::DropWhenGone | meta::MetaDataTraits::Key))
       .Add(&E::second, L"second", L"Entry")
       .Done();
   return t;

@@ -4,6 +4,7 @@
 // quantity in words, without prefixes.
 #include "OC/Schema.h"
 #include "V7Doc/analysis/ANALYSIS.h"
+#include "V7Doc/core/ContainerIDs.h"
 
 namespace oc {
 using namespace v7;
@@ -31,7 +32,7 @@ const RecordType& TypeOf<SIDE_INFO>() {
       .Add(&SIDE_INFO::fnType_, L"fnType_", L"FnType")
       .Add(&SIDE_INFO::fLeftValue_, L"fLeftValue_", L"LeftValue")
       .Add(&SIDE_INFO::fRightValue_, L"fRightValue_", L"RightValue")
-      .Add(&SIDE_INFO::fnNum_, L"fnNum_", L"FnNum")
+      .Add(&SIDE_INFO::fnNum_, L"fnNum_", L"FnNum", meta::MetaDataTraits{}.Ref(container::StressBFns))
       .Done();
   return t;
 }
@@ -126,7 +127,7 @@ const RecordType& TypeOf<ANALYSIS>() {
       .Add(&A::name, L"name", L"Name")
       .Add(&A::description, L"description", L"Description")
       .Add(&A::kind, L"kind", L"Kind")
-      .Add(&A::parent, L"parent", L"ParentAnalysisId")
+      .Add(&A::parent, L"parent", L"ParentAnalysisId", meta::MetaDataTraits{}.Ref(container::Analyses))
       // The previous generation's name of the parent: read, never written.
       .Add(&A::parent, L"ParentID", L"ParentID", legacy)
       .Add(&A::method, L"method", L"Method")

@@ -1,5 +1,6 @@
 #pragma once
 // The abstract container that the container manager registers and drives.
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -8,6 +9,7 @@
 namespace v7 {
 
 class QVContainerManager;
+class DeclaredReferences;
 
 // The usage list of a query: entry r lists the records that refer to record r.
 using UsageList = std::vector<std::vector<GGID>>;
@@ -42,6 +44,17 @@ class IQVContainer {
     (void)usage;
   }
 
+  // True when `id` names a live record (the load-time check of references
+  // asks); a container without numbered records holds none.
+  virtual bool HoldsRecord(GID id) const {
+    (void)id;
+    return false;
+  }
+
+  // The references its records hold as their declarations say (bound by
+  // the manager's DeclareRecords); null when not bound.
+  const DeclaredReferences* Declared() const { return declared_.get(); }
+
   // The container's identifier within the document (0 until registered).
   GID ID() const { return id_; }
   // The manager that registered this container; only valid once registered.
@@ -55,6 +68,10 @@ class IQVContainer {
   QVContainerManager* manager_ = nullptr;
   GID id_ = 0;
   std::wstring name_;
+  struct DeclaredDeleter {
+    void operator()(DeclaredReferences* d) const;  // out of line: the type is not complete here
+  };
+  std::unique_ptr<DeclaredReferences, DeclaredDeleter> declared_;
 };
 
 // Containers that want to hear about changes to the containers they subscribed

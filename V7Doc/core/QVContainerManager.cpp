@@ -2,7 +2,11 @@
 
 #include <algorithm>
 
+#include "V7Doc/core/DeclaredReferences.h"
+
 namespace v7 {
+
+void IQVContainer::DeclaredDeleter::operator()(DeclaredReferences* d) const { delete d; }
 
 IQVContainer::~IQVContainer() {
   if (manager_) manager_->UnRegister(this);
@@ -64,6 +68,18 @@ IQVContainer* QVContainerManager::GetContainer(const std::wstring& name) const {
   return it == by_name_.end() ? nullptr : it->second;
 }
 
+void QVContainerManager::DeclareRecords(GID id, const oc::Member& collection, void* field) {
+  IQVContainer* c = GetContainer(id);
+  if (!c) return;
+  c->declared_.reset(new DeclaredReferences(collection, field));
+  bool any = false;
+  const std::vector<GID> targets = c->declared_->Targets(any);
+  for (GID t : targets) Subscribe(c, t);
+  if (any)
+    for (IQVContainer* other : containers_)
+      if (other) Subscribe(c, other->ID());
+}
+
 void QVContainerManager::Subscribe(IQVContainer* c, GID target) {
   auto& slot = subscribers_[SlotOf(target)];
   if (c && std::find(slot.begin(), slot.end(), c) == slot.end()) slot.push_back(c);
@@ -78,8 +94,15 @@ void QVContainerManager::GetUsageOf(const GID& container, UsageList& usage) {
   usage.assign(MaxID(container), {});
   // Copy: a subscriber may not change the lists, but be safe against it.
   const auto subscribers = subscribers_[SlotOf(container)];
-  for (IQVContainer* s : subscribers)
-    if (s && s->ID() != container) s->OnGetUsageOf(container, usage);
+  for (IQVContainer* s : subscribers) {
+    if (!s || s->ID() == container) continue;
+    s->OnGetUsageOf(container, usage);
+    if (s->declared_ && s->declared_->RefersTo(container))
+      s->declared_->AppendUsage(s->ID(), container, usage);
+  }
+  IQVContainer* self = GetContainer(container);
+  if (self->declared_ && self->declared_->RefersTo(container))
+    self->declared_->AppendUsage(container, container, usage);
 }
 
 unsigned QVContainerManager::MaxID(const GID& container) {
@@ -147,13 +170,26 @@ void QVContainerManager::ForEachListener(GID from, F&& f) {
   }
 }
 
+template <class F>
+void QVContainerManager::ForEachDeclared(GID from, F&& f) {
+  const auto& subscribers = subscribers_[SlotOf(from)];
+  for (std::size_t i = 0; i < subscribers.size(); ++i) {
+    IQVContainer* s = subscribers[i];
+    if (s && s->ID() != from && s->declared_ && s->declared_->RefersTo(from)) f(*s->declared_);
+  }
+  IQVContainer* self = GetContainer(from);
+  if (self && self->declared_ && self->declared_->RefersTo(from)) f(*self->declared_);
+}
+
 void QVContainerManager::NotifyAdd(GID from, const std::vector<GID>& ids) {
   ForEachListener(from, [&](IQVChangeListener& l) { l.OnAdd(from, ids); });
 }
 void QVContainerManager::NotifyDelete(GID from, const std::vector<GID>& ids) {
+  ForEachDeclared(from, [&](DeclaredReferences& d) { d.Forget(from, ids); });
   ForEachListener(from, [&](IQVChangeListener& l) { l.OnDelete(from, ids); });
 }
 void QVContainerManager::NotifyIDUpdate(GID from, const std::vector<GID>& renumber) {
+  ForEachDeclared(from, [&](DeclaredReferences& d) { d.Renumber(from, renumber); });
   ForEachListener(from, [&](IQVChangeListener& l) { l.OnIDUpdate(from, renumber); });
 }
 

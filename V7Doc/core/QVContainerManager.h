@@ -9,6 +9,10 @@
 #include "QVI/gtl/handle.h"
 #include "V7Doc/core/IQVContainer.h"
 
+namespace oc {
+struct Member;
+}
+
 namespace v7 {
 
 class QVContainerManager {
@@ -47,12 +51,23 @@ class QVContainerManager {
   IQVContainer* GetContainer(const GID& id) const;
   IQVContainer* GetContainer(const std::wstring& name) const;
 
+  // Binds container `id` to the declaration of the collection it persists
+  // as: member `collection` (a table, list or key map) at `field`. The
+  // references its records declare then answer usage queries, follow
+  // renumbering and are cleared when their record is deleted, with no code
+  // of the container's own; the container is subscribed to every container
+  // its records refer to (to all registered ones when some reference names
+  // its container itself).
+  void DeclareRecords(GID id, const oc::Member& collection, void* field);
+
   // Adds `c` to the subscribers of `target`'s slot (once).
   void Subscribe(IQVContainer* c, GID target);
   const std::vector<IQVContainer*>& Subscribers(GID target) const;
 
   // usage[r] lists every record of every subscriber of `container` that refers
-  // to record r of it. An unregistered GID leaves `usage` untouched.
+  // to record r of it, and, for declared references, the records of the
+  // container itself that refer to r (an analysis naming its parent). An
+  // unregistered GID leaves `usage` untouched.
   void GetUsageOf(const GID& container, UsageList& usage);
   // The size the container gives its own usage list (highest ID plus one for
   // record tables, 0 for containers nobody refers to).
@@ -87,6 +102,10 @@ class QVContainerManager {
   void TellCleanup(INotifyCleanupAction::Reason reason);
   template <class F>
   void ForEachListener(GID from, F&& f);
+  // Calls f on the declared references of every subscriber of `from`, and
+  // of `from` itself, that refer to records of `from`.
+  template <class F>
+  void ForEachDeclared(GID from, F&& f);
 
   std::vector<IQVContainer*> containers_;
   std::map<std::wstring, IQVContainer*> by_name_;

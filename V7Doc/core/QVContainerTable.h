@@ -180,6 +180,9 @@ class QVContainerTable : public Base {
     if (container == this->ID() && usage.size() < slots_.size() + 1) usage.resize(slots_.size() + 1);
   }
 
+  // Overrides IQVContainer::HoldsRecord when the base is a container.
+  bool HoldsRecord(GID id) const { return IsLiveSlot(id); }
+
   // Whether slot `id` holds a tombstone (for readers of the raw slots).
   bool IsMissingSlot(const GID& id) const { return !IsLiveSlot(id); }
   // The raw slots, tombstones included.

@@ -115,11 +115,11 @@ struct Associations {
 
 struct QVAssociationsIDPolicy : QVContainerStoredIDPolicy<Associations, &Associations::nID_> {};
 
-// The contexts table. It answers usage queries about analyses, materials,
-// BCs and geometry items, and repairs its links when those are deleted
-// (links to a deleted record are dropped) or renumbered.
-class AssociationsTable : public QVContainerTable<Associations, QVAssociationsIDPolicy>,
-                          public IQVChangeListener {
+// The contexts table. Its links to analyses, materials, BCs and geometry
+// items are declared references: in a document, usage queries about those
+// records name the contexts, and deleting one drops the links to it (a
+// context whose analysis is deleted keeps its links, with analysis 0).
+class AssociationsTable : public QVContainerTable<Associations, QVAssociationsIDPolicy> {
  public:
   AssociationsTable() = default;
 
@@ -127,18 +127,6 @@ class AssociationsTable : public QVContainerTable<Associations, QVAssociationsID
   const Associations* ContextOf(GID analysis) const;
   // The context of `analysis`, added when missing.
   Associations& ContextFor(GID analysis);
-
-  void OnRegistration() override;
-  void OnGetUsageOf(GID container, UsageList& usage) override;
-  void OnIDUpdate(GID container, const std::vector<GID>& renumber) override;
-  void OnDelete(GID container, const std::vector<GID>& ids) override;
-  void OnAdd(GID, const std::vector<GID>&) override {}
-
- private:
-  // Rewrites every reference to records of `container` through `newID`
-  // (0: gone, the link is dropped).
-  template <class F>
-  void Remap(GID container, F newID);
 };
 
 }  // namespace v7

@@ -2,10 +2,18 @@
 // association maps they carry. The ID is written by the table itself, so nID_
 // is not declared.
 #include "OC/Schema.h"
+#include "V7Doc/core/ContainerIDs.h"
 #include "V7Doc/document/Associations.h"
 
 namespace oc {
 using namespace v7;
+
+namespace {
+// A link of a map means nothing without either end: it leaves its map when
+// the record at one end is deleted.
+constexpr unsigned kDrop = meta::MetaDataTraits::DropWhenGone;
+meta::MetaDataTraits Link(GID to) { return meta::MetaDataTraits{}.Ref(to).Flag(kDrop); }
+}  // namespace
 
 // One entry of a GID-to-GID key map (QVContainerAssoc<GID>). The key is
 // read-only by path: the map is kept sorted by it, so an entry changes its
@@ -25,8 +33,8 @@ template <>
 const RecordType& TypeOf<RegionUsesMaterial>() {
   using T = RegionUsesMaterial;
   static const RecordType& t = Schema<T>(L"RegionUsesMaterial")
-                                   .Add(&T::region, L"region", L"RegionID")
-                                   .Add(&T::material, L"material", L"MaterialID")
+                                   .Add(&T::region, L"region", L"RegionID", Link(container::Regions))
+                                   .Add(&T::material, L"material", L"MaterialID", Link(container::Materials))
                                    .Done();
   return t;
 }
@@ -36,8 +44,9 @@ const RecordType& TypeOf<GeometryUsesBC>() {
   using T = GeometryUsesBC;
   static const RecordType& t = Schema<T>(L"GeometryUsesBC")
                                    .Add(&T::container, L"container", L"ContainerID")
-                                   .Add(&T::record, L"record", L"ID")
-                                   .Add(&T::bc, L"bc", L"BCID")
+                                   .Add(&T::record, L"record", L"ID",
+                                        meta::MetaDataTraits{}.RefVia(L"container").Flag(kDrop))
+                                   .Add(&T::bc, L"bc", L"BCID", Link(container::BCs))
                                    .Done();
   return t;
 }
@@ -88,7 +97,8 @@ const RecordType& TypeOf<Associations>() {
   static const RecordType& t =
       Schema<T>(L"Associations")
           .Add(&T::name_, L"name_", L"Name")
-          .Add(&T::nAnalysisID_, L"nAnalysisID_", L"AnalysisID")
+          .Add(&T::nAnalysisID_, L"nAnalysisID_", L"AnalysisID",
+               meta::MetaDataTraits{}.Ref(container::Analyses))
           .Add(&T::regionUsesMaterials_, L"regionUsesMaterials_",
                L"RegionUsesMaterials[RegionUsesMaterial]")
           .Add(&T::hydBCIDByGGID, L"hydBCIDByGGID", L"GeometryUsesHydraulicBCs[GeometryUsesHydraulicBC]")

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "OC/Registry.h"
+
 namespace v7 {
 namespace {
 
@@ -76,6 +78,21 @@ QVDocument::QVDocument() {
   m.Register(&resultSets_, L"ResultSets", container::ResultSets);
   m.Register(&anlsIDBySkTextID_, L"AnlsIDBySkTextID", container::AnlsIDBySkTextID);
   m.Register(static_cast<IQVContainer*>(this), L"Document", container::Document);
+  BindDeclaredReferences();
+}
+
+// Every collection the document's declaration names by its container GID
+// answers for the references its records declare. The declaration is
+// looked up rather than built: building it makes a document (its default
+// values), which must not in turn ask for the declaration; such a
+// document, and one made before the library has declared its schema, is
+// left unbound.
+void QVDocument::BindDeclaredReferences() {
+  const oc::Template* declared = oc::GetTemplate(L"QVDocument");
+  if (!declared || !declared->type) return;
+  for (const auto& m : declared->type->Members())
+    if (m->traits.collection != 0)
+      containerManager_.DeclareRecords(m->traits.collection, *m, m->access->Field(this));
 }
 
 QVDocument::~QVDocument() = default;

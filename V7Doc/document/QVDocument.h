@@ -11,6 +11,7 @@
 #include "V7Doc/analysis/AnalysisKindData.h"
 #include "V7Doc/document/Associations.h"
 #include "V7Doc/document/FileInfo.h"
+#include "V7Doc/core/ContainerIDs.h"
 #include "V7Doc/core/QVContainerAssoc.h"
 #include "V7Doc/core/QVContainerManager.h"
 #include "V7Doc/functions/Func2D.h"
@@ -40,20 +41,6 @@ const RecordType& TypeOf();
 }  // namespace oc
 
 namespace v7 {
-
-// Fixed container GIDs of the document's collections.
-namespace container {
-inline constexpr GID Points = 1, Lines = 2, Regions = 3, Materials = 4, BCs = 5,
-                     StructuralBarAttributes = 6, StructuralBeamAttributes = 7, Analyses = 8,
-                     Contexts = 10, FirstFunctionList = 11, LastFunctionList = 51, CutLines = 52,
-                     ResultGraphs = 53, ResultContours = 54, MeshConstraints = 55, Surface = 56,
-                     ClimateData = 57, Thermosyphons = 58, ConvectiveSurfaces = 59, Unnamed = 60,
-                     SoluteItems = 61, ShakeItems = 62, HydroItems = 63, DeformItems = 64,
-                     StabItems = 65, ThermoItems = 66, EvapoItems = 67, Func3Ds = 68,
-                     ResultSets = 69, AnlsIDBySkTextID = 70, Document = 73;
-// The one GID of the function-list band that holds no list.
-inline constexpr GID UnusedFunctionList = 21;
-}  // namespace container
 
 // The collection name of each function list (11 to 51); empty for 21.
 const wchar_t* FunctionListName(GID list);
@@ -245,6 +232,7 @@ class QVDocument : public QVDocData, public IQVContainer, public IQVChangeListen
 
  private:
   void ResetSettings();
+  void BindDeclaredReferences();
 };
 
 // The document variant used when results are loaded.

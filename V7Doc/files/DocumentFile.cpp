@@ -1,12 +1,12 @@
 #include "V7Doc/files/DocumentFile.h"
 
-
 #include "OC/package/AtomicFile.h"
 #include "OC/package/Package.h"
 #include "OC/xml/XML.h"
 #include "QVI/str/Convert.h"
 #include "V7Doc/document/QVDocument.h"
 #include "V7Doc/files/DocumentSchema.h"
+#include "V7Doc/files/ReferenceCheck.h"
 
 namespace v7::files {
 namespace {
@@ -45,11 +45,15 @@ gtl::status DocumentFromXml(std::string_view xml, QVDocument& doc, const std::ws
   if (auto s = oc::xml::StringRead(xml, DocumentStore(doc), &read); s.failed())
     return LoadFailed(source, s);
   doc.OnCollectionsReplaced();
+  // A reference to a record that is not there is reported, not repaired:
+  // the file may have been edited by hand, and the number saves back as read.
+  std::vector<gtl::status> dangling = CheckReferences(doc);
   if (report) {
     report->version = read.version;
     report->warnings.clear();
     for (const auto& m : read.messages)
       if (!m.succeeded()) report->warnings.push_back(m);
+    report->warnings.insert(report->warnings.end(), dangling.begin(), dangling.end());
   }
   return {};
 }

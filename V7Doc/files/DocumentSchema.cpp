@@ -25,6 +25,10 @@ template <class D>
 auto& KindItems(AnalysisDataByAnalysisID<D>& items) {
   return items.Entries();
 }
+
+// A collection whose records refer to others is registered as container
+// `id`: its records' declared references answer for it.
+meta::MetaDataTraits Held(GID id) { return meta::MetaDataTraits{}.Collection(id); }
 }  // namespace
 
 #define V7_DOC(expr) +[](Doc& d) -> auto& { return d.expr; }
@@ -65,13 +69,13 @@ const RecordType& TypeOf<QVDocument>() {
           .AddReach(V7_DOC(geometry_.Mesh().Elements1D()), L"elem1Ds", L"MeshItems.Elements1D[EL1D]")
           .AddReach(V7_DOC(geometry_.Mesh().NodePairs()), L"hNodePairMem", L"MeshItems.NodePairs[NodePair]")
           .AddReach(V7_DOC(infElemDef_), L"infElemDef", L"MeshItems.InfiniteElements")
-          .AddReach(V7_DOC(materials_), L"hMatlMem", L"Materials[Material]")
-          .AddReach(V7_DOC(bcs_), L"boundaryConditions", L"BCs[BC]")
+          .AddReach(V7_DOC(materials_), L"hMatlMem", L"Materials[Material]", Held(container::Materials))
+          .AddReach(V7_DOC(bcs_), L"boundaryConditions", L"BCs[BC]", Held(container::BCs))
           .AddReach(V7_DOC(structuralBarAttributes_), L"structuralBarAttributes", L"BarAttributes[BarAttribute]")
           .AddReach(V7_DOC(structuralBeamAttributes_), L"structuralBeamAttributes", L"BeamAttributes[BeamAttribute]")
-          .AddReach(V7_DOC(analyses_), L"analyses", L"Analyses[Analysis]")
-          .AddReach(V7_DOC(contexts_), L"anlsAssocs", L"Contexts[Context]")
-          .AddReach(V7_DOC(anlsIDBySkTextID_), L"exclusiveAnlsIDbySkTextID", L"AnalysisUsesSketchTexts[AnalysisUsesSketchText]")
+          .AddReach(V7_DOC(analyses_), L"analyses", L"Analyses[Analysis]", Held(container::Analyses))
+          .AddReach(V7_DOC(contexts_), L"anlsAssocs", L"Contexts[Context]", Held(container::Contexts))
+          .AddReach(V7_DOC(anlsIDBySkTextID_), L"exclusiveAnlsIDbySkTextID", L"AnalysisUsesSketchTexts[AnalysisUsesSketchText]", Held(container::AnlsIDBySkTextID).Ref(container::Analyses))
           .AddReach(V7_DOC(sketch_), L"sketchItems", L"SketchItems")
           .AddReach(&FnList<11>, L"HKFns", L"Functions.Material.Hydraulic.KFns[KFn]")
           .AddReach(&FnList<12>, L"TKTempFns", L"Functions.Material.Thermal.KFnTemps[KFnTemp]")
@@ -115,19 +119,19 @@ const RecordType& TypeOf<QVDocument>() {
           .AddReach(&FnList<51>, L"AirBFns", L"Functions.Boundary.Air.BoundFns[BoundFn]")
           .AddReach(V7_DOC(func3Ds_), L"func3Ds", L"Functions.Func3Ds[Fn3D]")
           .AddReach(V7_DOC(cutLines_), L"cutLines", L"Contour.CutLines[CutLine]")
-          .AddReach(V7_DOC(resultGraphs_), L"resultGraphs", L"Contour.ResultGraphs[ResultGraph]")
+          .AddReach(V7_DOC(resultGraphs_), L"resultGraphs", L"Contour.ResultGraphs[ResultGraph]", Held(container::ResultGraphs))
           .AddReach(V7_DOC(resultContours_), L"resultContours", L"Contour.ResultContours[ResultContour]")
-          .AddReach(V7_DOC(resultSets_), L"resultSets", L"Contour.ResultSets[ResultSet]")
+          .AddReach(V7_DOC(resultSets_), L"resultSets", L"Contour.ResultSets[ResultSet]", Held(container::ResultSets))
           .AddReach(V7_DOC(climateData_), L"climateData", L"ClimateDataSets[ClimateDataSet]")
           .AddReach(V7_DOC(thermosyphons_), L"hThermoMem", L"ThermoSyphons[ThermoSyphon]")
           .AddReach(V7_DOC(convectiveSurfaces_), L"hPipeSurfMem", L"ConvectiveSurfaces[ConvectiveSurface]")
-          .AddReach(+[](Doc& d) -> auto& { return KindItems(d.soluteItems_); }, L"soluteItems", L"SoluteItems[SoluteItem]")
-          .AddReach(+[](Doc& d) -> auto& { return KindItems(d.shakeItems_); }, L"shakeItems", L"ShakeItems[ShakeItem]")
-          .AddReach(+[](Doc& d) -> auto& { return KindItems(d.hydroItems_); }, L"hydroItems", L"HydroItems[HydroItem]")
-          .AddReach(+[](Doc& d) -> auto& { return KindItems(d.deformItems_); }, L"deformItems", L"DeformItems[DeformItem]")
-          .AddReach(+[](Doc& d) -> auto& { return KindItems(d.stabItems_); }, L"stabItems", L"StabItems[StabItem]")
-          .AddReach(+[](Doc& d) -> auto& { return KindItems(d.thermoItems_); }, L"thermoItems", L"ThermoItems[ThermoItem]")
-          .AddReach(+[](Doc& d) -> auto& { return KindItems(d.evapoItems_); }, L"evapoItems", L"EvapoItems[EvapoItem]")
+          .AddReach(+[](Doc& d) -> auto& { return KindItems(d.soluteItems_); }, L"soluteItems", L"SoluteItems[SoluteItem]", Held(container::SoluteItems))
+          .AddReach(+[](Doc& d) -> auto& { return KindItems(d.shakeItems_); }, L"shakeItems", L"ShakeItems[ShakeItem]", Held(container::ShakeItems))
+          .AddReach(+[](Doc& d) -> auto& { return KindItems(d.hydroItems_); }, L"hydroItems", L"HydroItems[HydroItem]", Held(container::HydroItems))
+          .AddReach(+[](Doc& d) -> auto& { return KindItems(d.deformItems_); }, L"deformItems", L"DeformItems[DeformItem]", Held(container::DeformItems))
+          .AddReach(+[](Doc& d) -> auto& { return KindItems(d.stabItems_); }, L"stabItems", L"StabItems[StabItem]", Held(container::StabItems))
+          .AddReach(+[](Doc& d) -> auto& { return KindItems(d.thermoItems_); }, L"thermoItems", L"ThermoItems[ThermoItem]", Held(container::ThermoItems))
+          .AddReach(+[](Doc& d) -> auto& { return KindItems(d.evapoItems_); }, L"evapoItems", L"EvapoItems[EvapoItem]", Held(container::EvapoItems))
           .Done();
   return t;
 }

@@ -2,10 +2,31 @@
 // thermosyphons, convective surfaces and the analysis contexts.
 #include "V7Doc/materials/MaterialsSchema.h"
 
+#include "OC/References.h"
+#include "V7Doc/materials/BoundaryFns.h"
+
 namespace oc {
 using namespace v7;
 
 // Each BC slot is persisted as its function's text and rebuilt for its field.
+// A slot's function may name a record (a boundary function of the field's
+// list, a climate data set, a thermosyphon, a convective surface): the
+// function says which (BFnImpl::Reference), and a renumbered or deleted
+// record gives the slot a copy naming the new number.
+template <DOFType D>
+void SlotRefs(void* rec, RefSink& sink) {
+  IFn* fn = static_cast<BC*>(rec)->MutableDOF(D);
+  const auto* b = fn ? dynamic_cast<const BFnImpl*>(fn->get()) : nullptr;
+  if (!b) return;
+  const GGID r = b->Reference();
+  const GID now = sink.Visit(r.container, r.record);
+  if (now != r.record) *fn = IFn(b->Renamed(now));
+}
+
+template <DOFType D>
+meta::MetaDataTraits Slot() {
+  return meta::MetaDataTraits{}.RefsIn(&SlotRefs<D>);
+}
 
 template <>
 const RecordType& TypeOf<BC>() {
@@ -14,26 +35,26 @@ const RecordType& TypeOf<BC>() {
                                    .Add(&BC::colour, L"colour", L"Color")
                                    .Add(&BC::SlotText<DOFType::Hydraulic>,
                                         &BC::SetSlotText<DOFType::Hydraulic>, L"fnHydBoundary",
-                                        L"Hydraulic")
+                                        L"Hydraulic", Slot<DOFType::Hydraulic>())
                                    .Add(&BC::SlotText<DOFType::Air>, &BC::SetSlotText<DOFType::Air>,
-                                        L"fnAirBoundary", L"Air")
+                                        L"fnAirBoundary", L"Air", Slot<DOFType::Air>())
                                    .Add(&BC::SlotText<DOFType::Thermal>,
                                         &BC::SetSlotText<DOFType::Thermal>, L"fnThermBoundary",
-                                        L"Thermal")
+                                        L"Thermal", Slot<DOFType::Thermal>())
                                    .Add(&BC::SlotText<DOFType::Contaminant>,
                                         &BC::SetSlotText<DOFType::Contaminant>,
-                                        L"fnContamBoundary", L"Contaminant")
+                                        L"fnContamBoundary", L"Contaminant", Slot<DOFType::Contaminant>())
                                    .Add(&BC::SlotText<DOFType::Gas>, &BC::SetSlotText<DOFType::Gas>,
-                                        L"fnGasBoundary", L"Gas")
+                                        L"fnGasBoundary", L"Gas", Slot<DOFType::Gas>())
                                    .Add(&BC::SlotText<DOFType::XDisp>,
                                         &BC::SetSlotText<DOFType::XDisp>, L"fnXDispBoundary",
-                                        L"XDisp")
+                                        L"XDisp", Slot<DOFType::XDisp>())
                                    .Add(&BC::SlotText<DOFType::YDisp>,
                                         &BC::SetSlotText<DOFType::YDisp>, L"fnYDispBoundary",
-                                        L"YDisp")
+                                        L"YDisp", Slot<DOFType::YDisp>())
                                    .Add(&BC::SlotText<DOFType::Rotation>,
                                         &BC::SetSlotText<DOFType::Rotation>, L"fnRotBoundary",
-                                        L"Rotation")
+                                        L"Rotation", Slot<DOFType::Rotation>())
                                    .Done();
   return t;
 }

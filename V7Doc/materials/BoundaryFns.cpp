@@ -21,26 +21,27 @@ struct XYToType {
 template <class B>
 struct FieldTraits;
 
-#define QV_FIELD(B, F, FnNumAttr, ClimateType, ...)                      \
+#define QV_FIELD(B, F, FnList, FnNumAttr, ClimateType, ...)              \
   template <>                                                            \
   struct FieldTraits<B> {                                                \
+    [[maybe_unused]] static constexpr GID kFnList = container::FnList;   \
     /* Not every field reads every trait (clang warns of those unread). */ \
     [[maybe_unused]] static constexpr DOFType kField = DOFType::F;       \
     [[maybe_unused]] static constexpr const wchar_t* kFnNumAttr = FnNumAttr; \
     [[maybe_unused]] static constexpr std::int32_t kClimateType = ClimateType; \
     [[maybe_unused]] static constexpr XYToType kXY[] = {__VA_ARGS__};    \
   };
-QV_FIELD(HydBType, Hydraulic, L"HydBoundFnNum", 9, {8, 4}, {9, 7}, {10, 2}, {11, 3})
-QV_FIELD(AirBType, Air, L"AirBoundFnNum", 0, {0, 0})
-QV_FIELD(ThermBType, Thermal, L"ThermBoundFnNum", 4, {23, 1}, {24, 2}, {25, 3})
-QV_FIELD(ContamBType, Contaminant, L"ContamBoundFnNum", 0, {13, 1}, {14, 6}, {15, 2}, {16, 3},
+QV_FIELD(HydBType, Hydraulic, HydBFns, L"HydBoundFnNum", 9, {8, 4}, {9, 7}, {10, 2}, {11, 3})
+QV_FIELD(AirBType, Air, AirBFns, L"AirBoundFnNum", 0, {0, 0})
+QV_FIELD(ThermBType, Thermal, ThermBFns, L"ThermBoundFnNum", 4, {23, 1}, {24, 2}, {25, 3})
+QV_FIELD(ContamBType, Contaminant, ConcBFns, L"ContamBoundFnNum", 0, {13, 1}, {14, 6}, {15, 2}, {16, 3},
          {17, 4})
-QV_FIELD(GasBType, Gas, L"GasBoundFnNum", 4, {27, 1}, {28, 2}, {29, 3})
-QV_FIELD(XDispBType, XDisp, L"StressBoundFnNum", 0, {31, 1}, {33, 2}, {35, 3}, {37, 8}, {39, 7},
+QV_FIELD(GasBType, Gas, GasBFns, L"GasBoundFnNum", 4, {27, 1}, {28, 2}, {29, 3})
+QV_FIELD(XDispBType, XDisp, StressBFns, L"StressBoundFnNum", 0, {31, 1}, {33, 2}, {35, 3}, {37, 8}, {39, 7},
          {41, 9})
-QV_FIELD(YDispBType, YDisp, L"StressBoundFnNum", 0, {32, 1}, {34, 2}, {36, 3}, {38, 8}, {40, 7},
+QV_FIELD(YDispBType, YDisp, StressBFns, L"StressBoundFnNum", 0, {32, 1}, {34, 2}, {36, 3}, {38, 8}, {40, 7},
          {41, 9})
-QV_FIELD(RotBType, Rotation, L"StressBoundFnNum", 0, {0, 0})
+QV_FIELD(RotBType, Rotation, StressBFns, L"StressBoundFnNum", 0, {0, 0})
 #undef QV_FIELD
 
 template <class B>
@@ -103,7 +104,22 @@ DOFType BFnConst<B>::Field() const {
   return FieldTraits<B>::kField;
 }
 
+BFnImpl* BFnImpl::Renamed(GID id) const {
+  auto* copy = static_cast<BFnImpl*>(Clone());
+  copy->Rename(id);
+  return copy;
+}
+
 // ---- BFnFunction
+template <class B>
+GGID BFnFunction<B>::Reference() const {
+  return GGID(FieldTraits<B>::kFnList, fnNum_);
+}
+template <class B>
+void BFnFunction<B>::Rename(GID id) {
+  fnNum_ = id;
+  if (id == 0) fn_ = IFn();  // no longer resolves to the function it named
+}
 template <class B>
 gtl::status BFnFunction<B>::SetAttributes(const std::vector<FnAttr>& attrs) {
   gtl::status s = FnImpl::SetAttributes(attrs);
@@ -142,6 +158,10 @@ std::int32_t BFnFunction<B>::Type() const {
 }
 
 // ---- BFnClimate
+template <class B>
+GGID BFnClimate<B>::Reference() const {
+  return GGID(container::ClimateData, set_);
+}
 template <class B>
 gtl::status BFnClimate<B>::SetAttributes(const std::vector<FnAttr>& attrs) {
   gtl::status s = FnImpl::SetAttributes(attrs);
@@ -224,6 +244,9 @@ template class BFnFluidPressure<XDispBType>;
 template class BFnFluidPressure<YDispBType>;
 
 // ---- thermosyphons and pipe surfaces
+GGID BFnThermoSyphon::Reference() const { return GGID(container::Thermosyphons, set_); }
+GGID BFnPipeSurface::Reference() const { return GGID(container::ConvectiveSurfaces, set_); }
+
 gtl::status BFnThermoSyphon::SetAttributes(const std::vector<FnAttr>& attrs) {
   gtl::status s = FnImpl::SetAttributes(attrs);
   for (const FnAttr& a : attrs)

@@ -18,6 +18,7 @@
 #include <string>
 #include <vector>
 
+#include "V7Doc/core/GID.h"
 #include "V7Doc/functions/FnImpl.h"
 #include "V7Doc/materials/BoundaryTypes.h"
 
@@ -41,7 +42,17 @@ class BFnImpl : public FnImpl {
   // The climate data set it refers to (0: none or not a climate kind).
   virtual GID ClimateDataSet() const { return 0; }
 
+  // The record the function names: the container it is in (each kind
+  // declares its own: the field's boundary function list, the climate data,
+  // the thermosyphons, the convective surfaces) and its number. Container 0:
+  // the kind names no record.
+  virtual GGID Reference() const { return {}; }
+  // A copy naming record `id` of the same container instead (0: none).
+  BFnImpl* Renamed(GID id) const;
+
  protected:
+  // Makes the function name record `id` of its reference's container.
+  virtual void Rename(GID id) { (void)id; }
   // Reads "BType"; unknown attributes are left to the kind.
   gtl::status ReadStoredType(const FnAttr& a, const wchar_t* kind);
   std::int32_t nStoredType_ = 0;
@@ -79,12 +90,16 @@ class BFnFunction final : public BFnImpl {
   DOFType Field() const override;
   std::int32_t Type() const override;
   GID FnNum() const override { return fnNum_; }
+  GGID Reference() const override;
   // The function the number resolves to (undefined until attached).
   const IFn& Fn() const { return fn_; }
   void AttachFn(const IFn& fn) { fn_ = fn; }
   // Displacement kinds: how many stress points the condition lists.
   std::uint32_t Count() const { return nCount_; }
   void SetCount(std::uint32_t n) { nCount_ = n; }
+
+ protected:
+  void Rename(GID id) override;
 
  private:
   GID fnNum_;
@@ -105,6 +120,10 @@ class BFnClimate final : public BFnImpl {
   DOFType Field() const override;
   std::int32_t Type() const override;
   GID ClimateDataSet() const override { return set_; }
+  GGID Reference() const override;
+
+ protected:
+  void Rename(GID id) override { set_ = id; }
 
  private:
   GID set_;
@@ -162,6 +181,10 @@ class BFnThermoSyphon final : public BFnImpl {
   // record's final flag is positive, 5 otherwise.
   std::int32_t Type(const ThermosyphonTable* table) const;
   GID ThermoDataSet() const { return set_; }
+  GGID Reference() const override;
+
+ protected:
+  void Rename(GID id) override { set_ = id; }
 
  private:
   GID set_;
@@ -183,6 +206,10 @@ class BFnPipeSurface final : public BFnImpl {
   // used as a surface-area boundary, 7 otherwise.
   std::int32_t Type(const ConvectiveSurfaceTable* table) const;
   GID ConvSurfDataSet() const { return set_; }
+  GGID Reference() const override;
+
+ protected:
+  void Rename(GID id) override { set_ = id; }
 
  private:
   GID set_;

@@ -8,6 +8,7 @@
 //   "hPipeSurfMem"       ConvectiveSurfaces[ConvectiveSurface]  PIPESURF_INFO
 //   "anlsAssocs"         Contexts[Context]                 Associations
 #include "OC/Schema.h"
+#include "V7Doc/core/ContainerIDs.h"
 #include "V7Doc/document/Associations.h"
 #include "V7Doc/materials/BC.h"
 #include "V7Doc/materials/Climate.h"

@@ -37,7 +37,7 @@ const oc::RecordType& oc::TypeOf<v7::ResultGraphSource>() {
   using v7::ResultGraphSource;
   static const RecordType& t = Schema<ResultGraphSource>(L"ResultGraphSource")
                                    .Add(&ResultGraphSource::container_, L"container_", L"Container")
-                                   .Add(&ResultGraphSource::record_, L"record_", L"Record")
+                                   .Add(&ResultGraphSource::record_, L"record_", L"Record", meta::MetaDataTraits{}.RefVia(L"container_").Flag(meta::MetaDataTraits::DropWhenGone))
                                    .Done();
   return t;
 }

@@ -1,6 +1,7 @@
 #include "V7Doc/results/ResultSet.h"
 
 #include "OC/Schema.h"
+#include "V7Doc/core/ContainerIDs.h"
 
 namespace v7 {
 
@@ -21,10 +22,10 @@ const oc::RecordType& oc::TypeOf<v7::ResultSet>() {
   static const RecordType& t =
       Schema<ResultSet>(L"ResultSet")
           .Add(&ResultSet::name_, L"name_", L"Name")
-          .Add(&ResultSet::analysis_, L"analysis_", L"AnalysisID")
+          .Add(&ResultSet::analysis_, L"analysis_", L"AnalysisID", meta::MetaDataTraits{}.Ref(v7::container::Analyses))
           .Add(&ResultSet::nStep_, L"nStep_", L"Step")
           .Add(&ResultSet::fElapsedTime_, L"fElapsedTime_", L"ElapsedTime")
-          .Add(&ResultSet::contour_, L"contour_", L"ContourID")
+          .Add(&ResultSet::contour_, L"contour_", L"ContourID", meta::MetaDataTraits{}.Ref(v7::container::ResultContours))
           .Add(&ResultSet::bShowMesh_, L"bShowMesh_", L"ShowMesh")
           .Add(&ResultSet::bShowPoints_, L"bShowPoints_", L"ShowPoints")
           .Add(&ResultSet::fFontSize_, L"fFontSize_", L"FontSize",

@@ -89,7 +89,7 @@ TEST(AnalysisTable, ParentLinksFollowDeletionAndCompaction) {
   EXPECT_EQ(t.At(1).parent, 0u);
 
   UsageList usage;
-  t.OnGetUsageOf(container::Analyses, usage);
+  doc.ContainerManager().GetUsageOf(container::Analyses, usage);
   ASSERT_GE(usage.size(), 3u);
   EXPECT_EQ(usage[2], (std::vector<GGID>{{container::Analyses, 3}, {container::Analyses, 4}}));
 

@@ -14,7 +14,7 @@ struct KindDataInDocument : ::testing::Test {
     doc.DataInit();
     for (int i = 0; i < 3; ++i) doc.Analyses().Add(ANALYSIS{});
     for (int i = 0; i < 4; ++i) doc.Materials().Add(MATL{});
-    for (int i = 0; i < 3; ++i) doc.FunctionList(kind_data::kStressBoundFns)->Add(Func2D(L"f"));
+    for (int i = 0; i < 3; ++i) doc.FunctionList(container::StressBFns)->Add(Func2D(L"f"));
     auto& stab = doc.StabItems().Get(2);
     stab.vSurcharges_.Add(SurchargeLoad{0, L"fill", 20, {}, 3, VariationType::Linear});
     stab.vSurcharges_.Add(SurchargeLoad{0, L"gone", 20, {}, 1, VariationType::Linear});
@@ -35,7 +35,7 @@ TEST_F(KindDataInDocument, UsageQueriesReachThePerKindData) {
   EXPECT_EQ(usage[4], (std::vector<GGID>{{container::HydroItems, 1}, {container::StabItems, 2}}));
   EXPECT_TRUE(usage[1].empty());
 
-  doc.ContainerManager().GetUsageOf(kind_data::kStressBoundFns, usage);
+  doc.ContainerManager().GetUsageOf(container::StressBFns, usage);
   ASSERT_EQ(usage.size(), 4u);
   EXPECT_EQ(usage[3], (std::vector<GGID>{{container::StabItems, 2}}));
   EXPECT_TRUE(usage[1].empty()) << "a deleted surcharge refers to nothing";
@@ -53,7 +53,7 @@ TEST_F(KindDataInDocument, DeletionAndCompactionRepairReferences) {
   EXPECT_EQ(surcharges.At(2).name_, L"last");
   EXPECT_EQ(surcharges.At(2).nID_, 2u) << "stored ID follows the slot";
 
-  doc.FunctionList(kind_data::kStressBoundFns)->Delete({3});
+  doc.FunctionList(container::StressBFns)->Delete({3});
   EXPECT_EQ(doc.StabItems().Find(2)->vSurcharges_.At(1).fnNum_, 0u) << "now a constant surcharge";
 }
 

@@ -565,11 +565,11 @@ TEST_F(DocumentFileTest, ReadInAnyOrder) {
   };
   const Case cases[] = {
       {"as written", xml, {{3, 3}, {7, 1}}, nullptr},
-      {"reversed", Edit(xml, block, entries({{9, 2}, {4, 1}, {1, 3}})), {{1, 3}, {4, 1}, {9, 2}},
+      {"reversed", Edit(xml, block, entries({{9, 3}, {4, 1}, {1, 3}})), {{1, 3}, {4, 1}, {9, 3}},
        nullptr},
-      {"repeated key", Edit(xml, block, entries({{5, 1}, {2, 2}, {5, 3}})), {{2, 2}, {5, 3}},
+      {"repeated key", Edit(xml, block, entries({{5, 1}, {2, 1}, {5, 3}})), {{2, 1}, {5, 3}},
        "1 entries dropped"},
-      {"key 0", Edit(xml, block, entries({{0, 1}, {2, 2}})), {{2, 2}}, "1 entries dropped"},
+      {"key 0", Edit(xml, block, entries({{0, 1}, {2, 1}})), {{2, 1}}, "1 entries dropped"},
       {"empty", Edit(xml, block, "<AnalysisUsesSketchTexts/>"), {}, nullptr},
   };
   for (const Case& c : cases) {
