@@ -30,6 +30,9 @@ struct MetaDataTraits {
     None = 0,
     ReadOnly = 1u << 0,  // persisted and readable; Set refuses
     Legacy = 1u << 1,    // read from old files, never written
+    // A double that may hold NaN and the infinities ("nan", "inf"); every
+    // other double refuses them on read and on Set.
+    NonFinite = 1u << 2,
   };
   std::optional<double> min;          // lower bound of a numeric value
   std::optional<double> max;          // upper bound of a numeric value
@@ -44,6 +47,7 @@ struct MetaDataTraits {
   MetaDataTraits& Flag(unsigned f) { flags |= f; return *this; }
   bool IsReadOnly() const { return (flags & ReadOnly) != 0; }
   bool IsLegacy() const { return (flags & Legacy) != 0; }
+  bool AllowsNonFinite() const { return (flags & NonFinite) != 0; }
 };
 
 }  // namespace meta
