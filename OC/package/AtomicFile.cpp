@@ -73,12 +73,15 @@ void RemoveStaleTemporaries(const Split& where) {
 // Creates and locks a new temporary beside the target; -1 when none can be
 // made. The mode 0666 passes through the umask, as for any new file.
 int CreateTemporary(const std::string& target, std::string& name) {
-  static std::mt19937_64 rng{std::random_device{}()};
   static constexpr char kChars[] = "abcdefghijklmnopqrstuvwxyz0123456789";
+  // A fresh source per save: no generator state is shared between threads
+  // that save different documents.
+  std::random_device rd;
   for (int attempt = 0; attempt < 100; ++attempt) {
     name = target;
     name += kTempMarker;
-    for (std::size_t i = 0; i < kSuffixLength; ++i) name += kChars[rng() % (sizeof kChars - 1)];
+    unsigned long long bits = (static_cast<unsigned long long>(rd()) << 32) | rd();
+    for (std::size_t i = 0; i < kSuffixLength; ++i, bits /= 36) name += kChars[bits % 36];
     const int fd = ::open(name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
     if (fd >= 0) {
       ::flock(fd, LOCK_EX);
