@@ -10,6 +10,8 @@
 namespace oc {
 namespace {
 constexpr unsigned kMsgOutOfBounds = 31005;
+constexpr unsigned kMsgNotFinite = 31063;
+constexpr unsigned kMsgNulInText = 31065;
 
 bool IsCollection(const Member* m) {
   return m && (m->type == ValueType::Array || m->type == ValueType::Table);
@@ -93,6 +95,13 @@ gtl::status IOC::StoreScalar(const ScalarBox& box, ValueType from) {
     return OCError::file_assign(str::to_wstring(text), where_);
   }
   const auto& tr = member_->traits;
+  if (t == ValueType::WString && v.s.find(L'\0') != std::wstring::npos)
+    return gtl::status::error(kMsgNulInText, where_);
+  if (t == ValueType::Double && !std::isfinite(v.d) && !tr.AllowsNonFinite()) {
+    std::string text;
+    FormatScalar(from, nullptr, box.Slot(from), text);
+    return gtl::status::error(kMsgNotFinite, str::to_wstring(text), where_);
+  }
   double d = 0;
   const bool undefined = (t == ValueType::Double && v.d == qvi::kNoValue) ||
                          (t == ValueType::Int32 && v.i32 == qvi::kNone);

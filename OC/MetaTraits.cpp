@@ -68,12 +68,16 @@ gtl::status ValidateMetaData(ValueType type, const meta::MetaDataTraits& traits)
     if (IsNumeric(type) && ScalarToDouble(type, box.Slot(type), d) &&
         ((traits.min && d < *traits.min) || (traits.max && d > *traits.max)))
       return Mismatch(type, L"a default outside the bounds");
+    if (type == ValueType::Double && !std::isfinite(box.d) && !traits.AllowsNonFinite())
+      return Mismatch(type, L"a default that is not a finite number");
   }
   if ((traits.ref != 0 || !traits.ref_via.empty()) && type != ValueType::UInt32 &&
       type != ValueType::Array)
     return Mismatch(type, L"a reference on a value that is no record number");
   if (traits.ref != 0 && !traits.ref_via.empty())
     return Mismatch(type, L"a reference to a fixed collection and through a member at once");
+  if (traits.AllowsNonFinite() && type != ValueType::Double)
+    return Mismatch(type, L"NaN and infinities allowed on a value that is no double");
   if (traits.IsReadOnly() && traits.IsLegacy())
     return Mismatch(type, L"a member both read-only and legacy");
   return {};

@@ -48,6 +48,9 @@ struct MetaDataTraits {
     // A bool that marks the element deleted (waiting for a compaction): a
     // deleted element's references count for nothing.
     Deleted = 1u << 4,
+    // A double that may hold NaN and the infinities ("nan", "inf"); every
+    // other double refuses them on read and on Set.
+    NonFinite = 1u << 5,
   };
   std::optional<double> min;          // lower bound of a numeric value
   std::optional<double> max;          // upper bound of a numeric value
@@ -80,6 +83,7 @@ struct MetaDataTraits {
   bool IsReference() const { return ref != 0 || !ref_via.empty() || refs_in != nullptr; }
   bool IsReadOnly() const { return (flags & ReadOnly) != 0; }
   bool IsLegacy() const { return (flags & Legacy) != 0; }
+  bool AllowsNonFinite() const { return (flags & NonFinite) != 0; }
 };
 
 }  // namespace meta

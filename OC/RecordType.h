@@ -102,6 +102,8 @@ class TableOps {
     (void)table;
     (void)n;
   }
+  // The memory one slot takes, live or not (a tombstone is a whole record).
+  virtual std::size_t SlotBytes() const = 0;
   virtual void Copy(void* dst, const void* src) const = 0;
   virtual void Move(void* dst, void* src) const = 0;
   virtual bool Equal(const void* a, const void* b) const = 0;

@@ -272,6 +272,7 @@ class TableAdapter final : public TableOps {
     table.At(id) = std::move(*static_cast<T*>(rec));
     if constexpr (Table::id_policy::kStoresID) Table::id_policy::SetID(table.At(id), id);
   }
+  std::size_t SlotBytes() const override { return sizeof(T); }
   void ReserveCapacity(void* t, std::size_t n) const override {
     if constexpr (requires(Table& table, std::size_t k) { table.ReserveCapacity(k); })
       static_cast<Table*>(t)->ReserveCapacity(n);

@@ -6,7 +6,11 @@
 #include <cstring>
 #include <fstream>
 #include <iterator>
+#include <random>
+#include <dirent.h>
 #include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include "QVI/str/Convert.h"
@@ -14,46 +18,136 @@
 namespace oc::package {
 namespace {
 constexpr unsigned kMsgCannotSave = 31023;
+constexpr std::size_t kSuffixLength = 6;
 bool g_fail_before_rename = false;
 
 gtl::status SaveError(const std::wstring& path, const char* what) {
   return gtl::status::error(kMsgCannotSave, path, std::string(what) + ": " + std::strerror(errno));
 }
 
-bool FsyncPath(const std::string& p, int flags) {
-  const int fd = ::open(p.c_str(), flags);
-  if (fd < 0) return false;
-  const bool ok = ::fsync(fd) == 0;
+struct Split {
+  std::string dir;   // "." or the folder with its trailing "/"
+  std::string base;  // the file name
+};
+Split SplitPath(const std::string& target) {
+  const auto slash = target.find_last_of('/');
+  if (slash == std::string::npos) return {".", target};
+  return {target.substr(0, slash + 1), target.substr(slash + 1)};
+}
+
+bool IsSuffixChar(char c) { return (c >= 'a' && c <= 'z') || (c >= '0' && c <= '9'); }
+
+// True when `name` is "<base>.qvv7-save-XXXXXX".
+bool IsTemporaryOf(std::string_view name, std::string_view base) {
+  const std::size_t head = base.size() + kTempMarker.size();
+  if (name.size() != head + kSuffixLength || name.substr(0, base.size()) != base ||
+      name.substr(base.size(), kTempMarker.size()) != kTempMarker)
+    return false;
+  for (char c : name.substr(head))
+    if (!IsSuffixChar(c)) return false;
+  return true;
+}
+
+std::vector<std::string> TemporaryNames(const Split& where) {
+  std::vector<std::string> out;
+  DIR* d = ::opendir(where.dir.c_str());
+  if (!d) return out;
+  while (const dirent* e = ::readdir(d))
+    if (IsTemporaryOf(e->d_name, where.base))
+      out.push_back((where.dir == "." ? std::string() : where.dir) + e->d_name);
+  ::closedir(d);
+  return out;
+}
+
+// Removes the temporaries a killed save left: a live save holds the lock of
+// its temporary, and the kernel drops the lock when the process dies.
+void RemoveStaleTemporaries(const Split& where) {
+  for (const std::string& name : TemporaryNames(where)) {
+    const int fd = ::open(name.c_str(), O_RDONLY | O_CLOEXEC | O_NOFOLLOW);
+    if (fd < 0) continue;
+    if (::flock(fd, LOCK_EX | LOCK_NB) == 0) ::unlink(name.c_str());
+    ::close(fd);
+  }
+}
+
+// Creates and locks a new temporary beside the target; -1 when none can be
+// made. The mode 0666 passes through the umask, as for any new file.
+int CreateTemporary(const std::string& target, std::string& name) {
+  static constexpr char kChars[] = "abcdefghijklmnopqrstuvwxyz0123456789";
+  // A fresh source per save: no generator state is shared between threads
+  // that save different documents.
+  std::random_device rd;
+  for (int attempt = 0; attempt < 100; ++attempt) {
+    name = target;
+    name += kTempMarker;
+    unsigned long long bits = (static_cast<unsigned long long>(rd()) << 32) | rd();
+    for (std::size_t i = 0; i < kSuffixLength; ++i, bits /= 36) name += kChars[bits % 36];
+    const int fd = ::open(name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+    if (fd >= 0) {
+      ::flock(fd, LOCK_EX);
+      return fd;
+    }
+    if (errno != EEXIST) return -1;
+  }
+  return -1;
+}
+
+bool WriteAll(int fd, std::string_view bytes) {
+  while (!bytes.empty()) {
+    const ssize_t n = ::write(fd, bytes.data(), bytes.size());
+    if (n < 0) {
+      if (errno == EINTR) continue;
+      return false;
+    }
+    bytes.remove_prefix(static_cast<std::size_t>(n));
+  }
+  return true;
+}
+
+void FsyncFolder(const std::string& dir) {
+  const int fd = ::open(dir.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+  if (fd < 0) return;
+  ::fsync(fd);
   ::close(fd);
-  return ok;
 }
 }  // namespace
 
 void SimulateFailureBeforeRename(bool on) { g_fail_before_rename = on; }
 
-gtl::status ReplaceFileAtomic(const std::wstring& path,
-                              const std::function<gtl::status(const std::string& temp)>& produce) {
+std::vector<std::wstring> TemporariesBeside(const std::wstring& path) {
+  std::vector<std::wstring> out;
+  for (const auto& name : TemporaryNames(SplitPath(str::to_utf8(path)))) out.push_back(str::to_wstring(name));
+  return out;
+}
+
+gtl::status WriteFileAtomic(const std::wstring& path, std::string_view bytes) {
   const std::string target = str::to_utf8(path);
-  const auto slash = target.find_last_of('/');
-  const std::string dir = slash == std::string::npos ? "." : target.substr(0, slash + 1);
-  std::string temp = target + ".tmp-XXXXXX";
-  const int fd = ::mkstemp(temp.data());
+  const Split where = SplitPath(target);
+  RemoveStaleTemporaries(where);
+  std::string temp;
+  const int fd = CreateTemporary(target, temp);
   if (fd < 0) return SaveError(path, "cannot create a temporary file");
-  ::close(fd);
-  gtl::status s = produce(temp);
-  if (s.succeeded() && !FsyncPath(temp, O_RDONLY)) s = SaveError(path, "cannot flush");
+  gtl::status s;
+  // The replacement keeps the permissions of the file it replaces; the
+  // owner too when the process may give it (as root, or its own file).
+  struct stat st;
+  if (::stat(target.c_str(), &st) == 0 && S_ISREG(st.st_mode)) {
+    if (::fchmod(fd, st.st_mode & 07777) != 0) s = SaveError(path, "cannot keep the file's permissions");
+    else if (::fchown(fd, st.st_uid, st.st_gid) != 0) errno = 0;  // not ours to give: the saver owns it
+  }
+  if (s.succeeded() && !WriteAll(fd, bytes)) s = SaveError(path, "cannot write");
+  if (s.succeeded() && ::fsync(fd) != 0) s = SaveError(path, "cannot flush");
   if (s.succeeded() && g_fail_before_rename) {
     errno = EIO;
     s = SaveError(path, "simulated failure");
   }
   if (s.succeeded() && std::rename(temp.c_str(), target.c_str()) != 0)
     s = SaveError(path, "cannot rename the temporary file");
-  if (s.failed()) {
-    ::unlink(temp.c_str());
-    return s;
-  }
+  if (s.failed()) ::unlink(temp.c_str());
+  ::close(fd);  // drops the lock, after the rename
+  if (s.failed()) return s;
   // The rename itself is durable once the folder is flushed.
-  FsyncPath(dir, O_RDONLY | O_DIRECTORY);
+  FsyncFolder(where.dir);
   return {};
 }
 
@@ -64,17 +158,6 @@ gtl::status ReadWholeFile(const std::wstring& path, std::string& bytes) {
   bytes.assign(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
   if (in.bad()) return gtl::status::error(kMsgCannotOpenFile, path);
   return {};
-}
-
-gtl::status WriteFileAtomic(const std::wstring& path, std::string_view bytes) {
-  return ReplaceFileAtomic(path, [&](const std::string& temp) -> gtl::status {
-    std::FILE* f = std::fopen(temp.c_str(), "wb");
-    if (!f) return SaveError(path, "cannot open the temporary file");
-    const bool ok = std::fwrite(bytes.data(), 1, bytes.size(), f) == bytes.size();
-    const bool closed = std::fclose(f) == 0;
-    if (!ok || !closed) return SaveError(path, "cannot write");
-    return {};
-  });
 }
 
 }  // namespace oc::package

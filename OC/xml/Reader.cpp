@@ -3,6 +3,7 @@
 // cost is linear in the file and no path text is built unless a problem is
 // reported.
 #include <algorithm>
+#include <cmath>
 #include <cstring>
 #include <deque>
 #include <pugixml.hpp>
@@ -33,14 +34,24 @@ constexpr unsigned kMsgDeletedOnRead = 31017;
 constexpr unsigned kMsgRefusedValue = 31032;
 constexpr unsigned kMsgAt = 31040;
 constexpr unsigned kMsgTooManyElements = 31042;
+constexpr unsigned kMsgNotFinite = 31062;
+constexpr unsigned kMsgAfterRoot = 31064;
+constexpr unsigned kMsgIDTooHigh = 31066;
+constexpr unsigned kMsgNotUtf8 = 31067;
+constexpr unsigned kMsgNulReference = 31068;
 
 // Elements deeper than this are refused: a declaration tree is far
 // shallower, and recursion must stay bounded on hostile input.
 constexpr std::size_t kMaxDepth = 128;
-// An ID may exceed the number of records by this factor (rows deleted and
-// never compacted) before the table refuses to reserve its slots.
-constexpr std::size_t kSlotsPerRecord = 64;
-constexpr std::size_t kMinSlotLimit = 65536;
+// IDs above the number of records leave empty slots (rows deleted and never
+// compacted), and every slot costs a whole record. A table may leave as many
+// empty slots as it has records, or kMinSlack when that is more; over the
+// whole read, empty slots may take kGapBytesFloor plus kGapBytesPerInputByte
+// bytes per byte of input. Beyond that an ID is refused: memory stays
+// proportional to the file, whatever IDs it claims.
+constexpr std::size_t kMinSlack = 1024;
+constexpr std::size_t kGapBytesFloor = std::size_t{64} << 20;
+constexpr std::size_t kGapBytesPerInputByte = 32;
 
 // True when element name `name` is `tag`. Inline and stopping at the first
 // difference: called once per element, where a strcmp call cost more than
@@ -52,6 +63,58 @@ bool SameName(const std::string& tag, const char* name) {
   return name[n] == '\0';
 }
 
+// The offset of the first byte of `s` that is not part of well-formed UTF-8
+// (RFC 3629: no overlong forms, no surrogates, nothing above U+10FFFF), or
+// npos. A text that is not UTF-8 would be read with replacement characters
+// and written back changed, so it is refused instead.
+std::size_t InvalidUtf8At(std::string_view s) {
+  std::size_t i = 0;
+  while (i < s.size()) {
+    const auto b = static_cast<unsigned char>(s[i]);
+    if (b < 0x80) {
+      ++i;
+      continue;
+    }
+    std::size_t n = 0;
+    unsigned char lo = 0x80, hi = 0xBF;  // bounds of the second byte
+    if (b >= 0xC2 && b <= 0xDF) n = 1;
+    else if (b == 0xE0) n = 2, lo = 0xA0;
+    else if (b == 0xED) n = 2, hi = 0x9F;
+    else if (b >= 0xE1 && b <= 0xEF) n = 2;
+    else if (b == 0xF0) n = 3, lo = 0x90;
+    else if (b >= 0xF1 && b <= 0xF3) n = 3;
+    else if (b == 0xF4) n = 3, hi = 0x8F;
+    else return i;
+    for (std::size_t k = 1; k <= n; ++k) {
+      if (i + k >= s.size()) return i;
+      const auto c = static_cast<unsigned char>(s[i + k]);
+      if (k == 1 ? (c < lo || c > hi) : (c < 0x80 || c > 0xBF)) return i;
+    }
+    i += n + 1;
+  }
+  return std::string_view::npos;
+}
+
+// The offset of the first character reference to NUL ("&#0;", "&#x00;"),
+// or npos.
+std::size_t NulReferenceAt(std::string_view xml) {
+  for (std::size_t at = xml.find("&#"); at != std::string_view::npos; at = xml.find("&#", at + 2)) {
+    std::size_t i = at + 2;
+    const bool hex = i < xml.size() && (xml[i] == 'x' || xml[i] == 'X');
+    if (hex) ++i;
+    const std::size_t digits = i;
+    while (i < xml.size() && xml[i] == '0') ++i;
+    if (i > digits && i < xml.size() && xml[i] == ';') return at;
+  }
+  return std::string_view::npos;
+}
+
+// The first `n` bytes of `text` after its leading blanks, for a message.
+std::string_view TrimmedStart(std::string_view text, std::size_t n) {
+  const std::size_t b = text.find_first_not_of(" \t\r\n");
+  return b == std::string_view::npos ? std::string_view() : text.substr(b, n);
+}
+
 struct Frame {
   const std::wstring* name;
   std::uint64_t index;
@@ -60,7 +123,8 @@ struct Frame {
 
 class Reader {
  public:
-  explicit Reader(impl::XMLError& err) : err_(err) {}
+  Reader(impl::XMLError& err, std::size_t input_bytes, KeptTexts& kept)
+      : err_(err), kept_(kept), gap_budget_(kGapBytesFloor + kGapBytesPerInputByte * input_bytes) {}
 
   // Reads `el` into `rec`. `fresh` says that `rec` holds its type's
   // defaults (just made, or just reset), which lets nested records skip
@@ -172,14 +236,28 @@ class Reader {
     for (pugi::xml_node c = el.first_child(); c; c = c.next_sibling())
       if (c.type() == pugi::node_element) Unknown(c);
     const char* text = el.child_value();
+    if (type == ValueType::WString) {
+      if (const std::size_t at = InvalidUtf8At(text); at != std::string_view::npos) {
+        err_.ReportError(gtl::status::error(kMsgNotUtf8, Where(), Line(el), static_cast<unsigned long long>(at + 1)));
+        return;
+      }
+    }
     gtl::status warning;
     if (!ParseScalar(type, m.traits.enum_table, text, storage, warning)) {
       err_.ReportError(gtl::status::error(kMsgMalformedValue, str::to_wstring(text), Where(), Line(el)));
       return;
     }
-    if (!warning.succeeded())
+    if (type == ValueType::Double && !std::isfinite(*static_cast<const double*>(storage)) &&
+        !m.traits.AllowsNonFinite()) {
+      err_.ReportError(gtl::status::error(kMsgNotFinite, str::to_wstring(text), Where(), Line(el)));
+      return;
+    }
+    if (!warning.succeeded()) {
+      const std::wstring where = Where();
       err_.ReportError(gtl::status::warning(kMsgUnknownEnumName, str::to_wstring(text),
-                                            m.traits.enum_table->EnumName(), Where(), Line(el)));
+                                            m.traits.enum_table->EnumName(), where, Line(el)));
+      kept_[where] = text;
+    }
     double d = 0;
     const auto& tr = m.traits;
     if ((tr.min || tr.max) && IsNumeric(type) && ScalarToDouble(type, storage, d) &&
@@ -257,7 +335,7 @@ class Reader {
     for (pugi::xml_node c = el.child(m.element_tag_utf8.c_str()); c;
          c = c.next_sibling(m.element_tag_utf8.c_str()))
       ++count;
-    const std::size_t limit = std::max(kMinSlotLimit, kSlotsPerRecord * count);
+    const std::size_t limit = count + std::max(count, kMinSlack);
     // Rows are usually numbered 1..count: room for them up front spares the
     // table moving every record it holds as it grows. The count is bounded
     // by the parsed file, so a hostile file cannot make this large.
@@ -276,11 +354,20 @@ class Reader {
         // Kept rather than dropped: it takes the first slot after the others.
         id = static_cast<std::uint32_t>(m.table->Size(table) + 1);
         err_.ReportError(gtl::status::warning(kMsgMissingID, Where(), Line(c), static_cast<unsigned long long>(id)));
-      } else if (!ParseScalar(ValueType::UInt32, nullptr, idel.child_value(), &id, unused) || id == 0 ||
-                 id > limit) {
+      } else if (!ParseScalar(ValueType::UInt32, nullptr, idel.child_value(), &id, unused) || id == 0) {
         err_.ReportError(gtl::status::error(kMsgInvalidID, str::to_wstring(idel.child_value()), Where(), Line(idel)));
         continue;
       }
+      const std::size_t size = m.table->Size(table);
+      const std::size_t gap_bytes = id > size + 1 ? (id - size - 1) * m.table->SlotBytes() : 0;
+      if (id > limit || gap_bytes > gap_budget_) {
+        err_.ReportError(gtl::status::error(kMsgIDTooHigh, static_cast<unsigned long long>(id), Where(),
+                                            Line(idel), static_cast<unsigned long long>(std::min(
+                                                limit, size + gap_budget_ / m.table->SlotBytes())),
+                                            static_cast<unsigned long long>(count)));
+        continue;
+      }
+      gap_budget_ -= gap_bytes;
       if (m.table->IsLive(table, id)) {
         err_.ReportError(gtl::status::error(kMsgDuplicateID, static_cast<unsigned long long>(id), Where(), Line(c)));
         continue;
@@ -296,6 +383,8 @@ class Reader {
   }
 
   impl::XMLError& err_;
+  KeptTexts& kept_;
+  std::size_t gap_budget_;  // bytes that empty slots may still take
   std::vector<Frame> stack_;
   std::deque<std::vector<Item>> buffers_;
   std::unordered_map<const Member*, bool> agree_;
@@ -310,7 +399,9 @@ gtl::status FirstError(const ReadReport& r) {
 }  // namespace
 
 unsigned ParseOptions() {
-  return (pugi::parse_default & ~pugi::parse_eol) | pugi::parse_ws_pcdata_single;
+  // As a fragment, text outside the root element is kept as nodes instead
+  // of being dropped, so that FileImport can refuse it.
+  return (pugi::parse_default & ~pugi::parse_eol) | pugi::parse_ws_pcdata_single | pugi::parse_fragment;
 }
 
 gtl::status FileImport(const pugi::xml_document& doc, const IODS& target, ReadReport* report,
@@ -327,18 +418,48 @@ gtl::status FileImport(const pugi::xml_document& doc, const IODS& target, ReadRe
     err.ReportError(gtl::status::error(kMsgWrongRoot, root ? str::to_wstring(root.name()) : L"", expected));
     return FirstError(r);
   }
+  // A document is its root element: a second element or text beside it
+  // would be lost on the next save, so it is refused.
+  for (pugi::xml_node n = doc.first_child(); n; n = n.next_sibling()) {
+    if (n == root || (n.type() != pugi::node_element && n.type() != pugi::node_pcdata &&
+                      n.type() != pugi::node_cdata))
+      continue;
+    const std::wstring what = n.type() == pugi::node_element
+                                  ? L"element <" + str::to_wstring(n.name()) + L">"
+                                  : L"text \"" + str::to_wstring(TrimmedStart(n.value(), 40)) + L"\"";
+    const std::size_t line = err.Line(n.offset_debug());
+    err.ReportError(gtl::status::error(
+        kMsgAfterRoot, line ? str::to_wstring(static_cast<unsigned long long>(line)) : std::wstring(L"?"), what));
+    return FirstError(r);
+  }
   r.version = str::to_wstring(root.attribute("Version").value());
   // A fresh object takes the values; the target is replaced only on success.
   OCObject fresh(*target.type);
-  Reader(err).ReadRecord(*target.type, fresh.get(), root, false, true);
+  Reader(err, source.size(), r.kept).ReadRecord(*target.type, fresh.get(), root, false, true);
   if (err.Errors() == 0) target.type->Ops().move(target.root, fresh.get());
   return FirstError(r);
 }
 
 gtl::status StringRead(std::string_view xml, const IODS& target, ReadReport* report) {
+  // The parser turns "&#0;" into a NUL that ends the text it stands in,
+  // silently dropping the rest: refused before parsing.
+  if (const std::size_t at = NulReferenceAt(xml); at != std::string_view::npos) {
+    ReadReport local;
+    ReadReport& r = report ? *report : local;
+    r = ReadReport{};
+    impl::XMLError err(r, xml);
+    err.ReportError(gtl::status::error(kMsgNulReference, static_cast<unsigned long long>(err.Line(static_cast<std::ptrdiff_t>(at)))));
+    return FirstError(r);
+  }
   pugi::xml_document doc;
-  const pugi::xml_parse_result res =
+  pugi::xml_parse_result res =
       doc.load_buffer(xml.data(), xml.size(), ParseOptions(), pugi::encoding_utf8);
+  // Parsed as a fragment, a text without any element is no parse error to
+  // pugixml; it is one here.
+  if (res && !doc.document_element()) {
+    res.status = pugi::status_no_document_element;
+    res.offset = 0;
+  }
   if (!res) {
     ReadReport local;
     ReadReport& r = report ? *report : local;

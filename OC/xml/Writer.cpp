@@ -21,14 +21,17 @@
 #include "OC/xml/XML.h"
 #include "OC/xml/XmlText.h"
 #include "QVI/meta/MetaEnumCommon.h"
+#include "QVI/qvi/Markers.h"
 #include "QVI/str/Convert.h"
 
 namespace oc::xml {
 namespace {
+constexpr unsigned kMsgNulInText = 31065;
 
 class Writer {
  public:
-  explicit Writer(std::string& out) : out_(out) {}
+  Writer(std::string& out, const KeptTexts* kept)
+      : kept_(kept && !kept->empty() ? kept : nullptr), out_(out) {}
 
   void WriteDocument(std::string_view root_tag, std::string_view version, const RecordType& type,
                      const void* rec) {
@@ -47,6 +50,8 @@ class Writer {
   struct Open {
     std::string_view tag;
     const std::string* attributes;  // already escaped, with leading blanks; or nullptr
+    std::size_t index = 0;          // an element's index (a table record's ID)
+    bool element = false;           // an element of a collection: "[index]" in paths
   };
 
   // Line break and two blanks per level before an element; the root
@@ -66,6 +71,7 @@ class Writer {
   void Begin(std::string_view tag, const std::string* attributes = nullptr) {
     open_.push_back({tag, attributes});
   }
+  void BeginElement(std::string_view tag, std::size_t index) { open_.push_back({tag, nullptr, index, true}); }
 
   // Writes the start tags still pending, outermost first, up to `depth`.
   void FlushTo(std::size_t depth) {
@@ -160,11 +166,30 @@ class Writer {
     return nullptr;
   }
 
+  // `index` is set for an element of a collection of values.
   void WriteLeaf(std::string_view tag, ValueType type, const meta::MetaEnumCommon* table,
-                 const void* p) {
+                 const void* p, const std::size_t* index = nullptr) {
+    // XML has no way to carry a NUL, not even as a reference: the text
+    // would end there, so the write fails instead.
+    if (type == ValueType::WString && nul_path_.empty() &&
+        static_cast<const std::wstring*>(p)->find(L'\0') != std::wstring::npos)
+      nul_path_ = PathTo(tag, index);
+    if (const std::string* text = KeptText(type, p, tag, index)) {
+      OpenLeaf(tag);
+      AppendEscapedText(out_, *text);
+      CloseLeaf(tag);
+      return;
+    }
     OpenLeaf(tag);
     AppendValue(type, table, p);
     CloseLeaf(tag);
+  }
+
+  // The text read for an enumeration that is still undefined, or nullptr.
+  const std::string* KeptText(ValueType type, const void* p, std::string_view tag, const std::size_t* index) {
+    if (!kept_ || type != ValueType::Enum || *static_cast<const std::int32_t*>(p) != qvi::kNone) return nullptr;
+    const auto it = kept_->find(PathTo(tag, index));
+    return it == kept_->end() ? nullptr : &it->second;
   }
 
   // A record type's layout flattened into the steps a write takes, built
@@ -246,7 +271,9 @@ class Writer {
               value = box_.Slot(st.type);
             }
           }
-          if (!SameValue(st.type, value, st.def))
+          // An undefined enumeration at its default is still written when
+          // it was read from a name this version does not know.
+          if (!SameValue(st.type, value, st.def) || KeptText(st.type, value, st.m->tag_utf8, nullptr))
             WriteLeaf(st.m->tag_utf8, st.type, st.m->traits.enum_table, value);
           break;
         }
@@ -279,11 +306,11 @@ class Writer {
         for (std::size_t i = 0; i < n; ++i) {
           const void* item = m.seq->At(field, i);
           if (m.element_type == ValueType::Struct) {
-            Begin(m.element_tag_utf8);
+            BeginElement(m.element_tag_utf8, i);
             WriteRecord(SubPlan(st), item);
             End(true);
           } else {
-            WriteLeaf(m.element_tag_utf8, m.element_type, m.traits.enum_table, item);
+            WriteLeaf(m.element_tag_utf8, m.element_type, m.traits.enum_table, item, &i);
           }
         }
         End(true);
@@ -294,7 +321,7 @@ class Writer {
         Begin(m.tag_utf8);
         for (std::uint32_t id = 1; id <= size; ++id) {
           if (!m.table->IsLive(field, id)) continue;
-          Begin(m.element_tag_utf8);
+          BeginElement(m.element_tag_utf8, id);
           WriteLeaf("ID", ValueType::UInt32, nullptr, &id);
           WriteRecord(SubPlan(st), m.table->At(field, id));
           End(true);
@@ -306,6 +333,33 @@ class Writer {
     }
   }
 
+  // The path of leaf `leaf` (or, with `index`, of element `index` of the
+  // collection open last) as a read names it: "Analyses[3].Name".
+  std::wstring PathTo(std::string_view leaf, const std::size_t* index) const {
+    std::wstring path;
+    auto add_index = [&](std::size_t i) { path += L"[" + str::to_wstring(static_cast<unsigned long long>(i)) + L"]"; };
+    for (std::size_t i = 1; i < open_.size(); ++i) {
+      if (open_[i].element) {
+        add_index(open_[i].index);
+        continue;
+      }
+      if (!path.empty()) path += L'.';
+      path += str::to_wstring(open_[i].tag);
+    }
+    if (index) {
+      add_index(*index);
+      return path;
+    }
+    return path + (path.empty() ? L"" : L".") + str::to_wstring(leaf);
+  }
+
+ public:
+  // The path of the first text that holds a NUL; empty when none did.
+  const std::wstring& NulPath() const { return nul_path_; }
+
+ private:
+  std::wstring nul_path_;
+  const KeptTexts* kept_;  // nullptr when there is none
   std::string& out_;
   std::vector<Open> open_;
   std::size_t written_ = 0;  // how many of open_ (outermost first) have their start tag out
@@ -319,13 +373,18 @@ class Writer {
 
 }  // namespace
 
-gtl::status StringWrite(const IODS& source, std::string& xml) {
+gtl::status StringWrite(const IODS& source, std::string& xml, const KeptTexts* kept) {
   if (!source.IsValid()) return OCError::not_recognized(L"(no object)", L"StringWrite");
   const RootInfo* info = OCRegistry::Instance().Root(*source.type);
   const std::string tag = str::to_utf8(info ? info->tag : source.type->Name());
   const std::string version = str::to_utf8(info ? info->version : L"1");
   xml.clear();
-  Writer(xml).WriteDocument(tag, version, *source.type, source.root);
+  Writer writer(xml, kept);
+  writer.WriteDocument(tag, version, *source.type, source.root);
+  if (!writer.NulPath().empty()) {
+    xml.clear();
+    return gtl::status::error(kMsgNulInText, writer.NulPath());
+  }
   return {};
 }
 

@@ -6,6 +6,7 @@
 // its persisted tag, wrapper elements where tags are dotted, collections as
 // an element holding one element per entry, and the records of identified
 // tables led by their <ID>. Members at their default are not written.
+#include <map>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -18,11 +19,19 @@ class xml_document;
 
 namespace oc::xml {
 
+// Texts a read could not take, by the path of the member that held them
+// ("Analyses[1].Kind" -> "STABLE"): enumeration names unknown to this
+// version, which read as the undefined value. Handed back to a write, each
+// is written again, as read, where its member is still undefined, so that a
+// load and a save lose nothing.
+using KeptTexts = std::map<std::wstring, std::string>;
+
 // What a read found.
 struct ReadReport {
   std::vector<gtl::status> messages;  // warnings and errors, in reading order
   std::wstring version;               // the root's "Version" attribute
   std::size_t errors = 0;             // how many of the messages are errors
+  KeptTexts kept;                     // unknown enumeration names, as read
 };
 
 // Reads the XML file `path` into the object of `target`. The file is read
@@ -36,8 +45,10 @@ gtl::status StringRead(std::string_view xml, const IODS& target, ReadReport* rep
 // text it was parsed from, for line numbers; empty when there is none.
 gtl::status FileImport(const pugi::xml_document& doc, const IODS& target,
                        ReadReport* report = nullptr, std::string_view source = {});
-// Writes the object of `source` as XML text (UTF-8).
-gtl::status StringWrite(const IODS& source, std::string& xml);
+// Writes the object of `source` as XML text (UTF-8), with the texts of
+// `kept` (from the read that made the object) where their members are still
+// undefined. Fails, writing nothing, on a text that holds a NUL.
+gtl::status StringWrite(const IODS& source, std::string& xml, const KeptTexts* kept = nullptr);
 // Writes the object of `source` to the XML file `path`.
 gtl::status FileWrite(const IODS& source, const std::wstring& path);
 

@@ -2,9 +2,10 @@
 // Intrusive reference-counted handles.
 //
 // handle_ref_counter is the base of shared objects (documents, functions). Its
-// count is not atomic: an object belongs to one thread. Debug builds record
-// the creating thread and check every count change against it; release
-// builds record it too (one word), so that both share one layout.
+// count is not atomic: an object belongs to one thread. Every build records
+// the creating thread, so the layout is the same whatever the build flags
+// of the library and of the program that includes this header; debug builds
+// check every count change against it.
 #include <cassert>
 #include <cstddef>
 #include <thread>
@@ -34,13 +35,9 @@ class handle_ref_counter {
 
  private:
   void check_thread() const {
-#ifndef NDEBUG
     assert(owner_ == std::this_thread::get_id() && "shared object used from a second thread");
-#endif
   }
   mutable std::size_t count_ = 0;
-  // Kept in every build, checked in debug builds only: the layout of a
-  // shared object must not depend on how its user was compiled.
   std::thread::id owner_ = std::this_thread::get_id();
 };
 

@@ -3,6 +3,7 @@
 // its container manager under a fixed GID and collection name.
 #include <array>
 #include <memory>
+#include <map>
 #include <string>
 #include <vector>
 
@@ -230,9 +231,17 @@ class QVDocument : public QVDocData, public IQVContainer, public IQVChangeListen
 
   int UndoFreeMemory() { return containerManager_.UndoFreeMemory(); }
 
+  // Enumeration names this version does not know, by member path, as the
+  // last load read them (they read as undefined): a save writes each back
+  // where its member is still undefined, so that a load and a save lose
+  // nothing of a document from another version.
+  std::map<std::wstring, std::string>& KeptTexts() { return keptTexts_; }
+  const std::map<std::wstring, std::string>& KeptTexts() const { return keptTexts_; }
+
  private:
   void ResetSettings();
   void BindDeclaredReferences();
+  std::map<std::wstring, std::string> keptTexts_;
 };
 
 // The document variant used when results are loaded.

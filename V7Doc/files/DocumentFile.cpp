@@ -33,7 +33,7 @@ bool IsDocumentXmlPath(const std::wstring& path) { return EndsWithNoCase(path, L
 
 gtl::status DocumentToXml(const QVDocument& doc, std::string& xml) {
   if (auto s = RegisterDocumentSchema(); s.failed()) return s;
-  return oc::xml::StringWrite(DocumentStore(const_cast<QVDocument&>(doc)), xml);
+  return oc::xml::StringWrite(DocumentStore(const_cast<QVDocument&>(doc)), xml, &doc.KeptTexts());
 }
 
 gtl::status DocumentFromXml(std::string_view xml, QVDocument& doc, const std::wstring& source,
@@ -48,6 +48,7 @@ gtl::status DocumentFromXml(std::string_view xml, QVDocument& doc, const std::ws
   // A reference to a record that is not there is reported, not repaired:
   // the file may have been edited by hand, and the number saves back as read.
   std::vector<gtl::status> dangling = CheckReferences(doc);
+  doc.KeptTexts() = std::move(read.kept);
   if (report) {
     report->version = read.version;
     report->warnings.clear();
@@ -102,6 +103,15 @@ gtl::status LoadDocument(const std::wstring& path, QVDocument& doc, PackageEntri
       s.failed())
     return s;
   if (results) *results = std::move(others);
+  return {};
+}
+
+gtl::status ListPackageEntries(const std::wstring& path, std::vector<std::wstring>& names) {
+  oc::package::Package pkg;
+  if (auto s = pkg.Open(path); s.failed()) return LoadFailed(path, s);
+  names.clear();
+  for (auto& name : pkg.List())
+    if (name != oc::package::Package::kDocumentEntry) names.push_back(std::move(name));
   return {};
 }
 

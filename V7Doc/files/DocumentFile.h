@@ -47,5 +47,9 @@ gtl::status SaveDocument(const QVDocument& doc, const std::wstring& path,
 gtl::status LoadDocument(const std::wstring& path, QVDocument& doc,
                          PackageEntries* results = nullptr, LoadReport* report = nullptr);
 
+// The names of the entries of package `path` other than the document,
+// sorted, read from its directory alone: nothing is decompressed.
+gtl::status ListPackageEntries(const std::wstring& path, std::vector<std::wstring>& names);
+
 }  // namespace files
 }  // namespace v7

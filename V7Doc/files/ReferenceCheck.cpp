@@ -7,7 +7,7 @@
 
 namespace v7::files {
 namespace {
-constexpr unsigned kMsgDanglingReference = 31061;
+constexpr unsigned kMsgDanglingReference = 31090;
 
 class DanglingFinder final : public oc::RefVisitor {
  public:

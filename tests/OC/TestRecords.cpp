@@ -57,7 +57,7 @@ const RecordType& TypeOf<Item>() {
   static const RecordType& t =
       Schema<Item>(L"Item")
           .Add(&Item::label_, L"label_", L"Label", meta::MetaDataTraits{}.Flag(meta::MetaDataTraits::ReadOnly))
-          .Add(&Item::fValue_, L"fValue_", L"Value")
+          .Add(&Item::fValue_, L"fValue_", L"Value", meta::MetaDataTraits{}.Flag(meta::MetaDataTraits::NonFinite))
           .Done();
   return t;
 }

@@ -58,16 +58,17 @@ TEST_F(Xml, DoublesReadBackBitIdentical) {
   using L = std::numeric_limits<double>;
   const double specials[] = {0.0, -0.0, L::denorm_min(), -L::denorm_min(), L::min(),
                              std::nextafter(L::min(), 0.0), L::max(), L::lowest(), L::epsilon(),
-                             L::infinity(), -L::infinity(), qvi::kNoValue, 0.1, 1.0 / 3.0,
+                             qvi::kNoValue, 0.1, 1.0 / 3.0,
                              123456789012345678.0, 5e-324, 2.2250738585072009e-308};
   Doc d;
   Layer l;
   l.times_.assign(std::begin(specials), std::end(specials));
-  // Random bit patterns over the whole exponent range (seeded), NaNs excluded.
+  // Random bit patterns over the whole exponent range (seeded), NaNs and
+  // infinities excluded: the member refuses them.
   std::mt19937_64 gen(20240611);
   while (l.times_.size() < 5000) {
     const double v = std::bit_cast<double>(gen());
-    if (!std::isnan(v)) l.times_.push_back(v);
+    if (std::isfinite(v)) l.times_.push_back(v);
   }
   d.layers_.Add(l);
   const std::string xml = Write(d);
@@ -172,7 +173,7 @@ TEST_F(Xml, MalformedInputFailsWithPathAndLineAndLeavesTargetAlone) {
       {"<TestDoc><Layers><Layer><ID>1</ID></Layer><Layer><ID>1</ID></Layer></Layers></TestDoc>", 31008,
        L"Duplicate ID 1 in Layers"},
       {"<TestDoc><Layers><Layer><ID>0</ID></Layer></Layers></TestDoc>", 31009, L"\"0\""},
-      {"<TestDoc><Layers><Layer><ID>4000000000</ID></Layer></Layers></TestDoc>", 31009, L"\"4000000000\""},
+      {"<TestDoc><Layers><Layer><ID>4000000000</ID></Layer></Layers></TestDoc>", 31066, L"ID 4000000000 in Layers"},
       {"<TestDoc><Tolerance>1</Tolerance>", 31006, L"line 1"},
       {"<Other/>", 31007, L"\"Other\" where \"TestDoc\""},
       {"", 31006, L""},

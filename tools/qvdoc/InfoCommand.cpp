@@ -3,6 +3,7 @@
 #include <iostream>
 #include <memory>
 #include <set>
+#include <vector>
 
 #include "QVI/meta/MetaEnumCommon.h"
 #include "QVI/str/Convert.h"
@@ -19,9 +20,14 @@ void AddInfoCommand(CLI::App& app) {
   cmd->add_option("FILE", *file, "The project or document")->required();
   cmd->callback([file] {
     v7::QVDocument doc;
-    v7::files::PackageEntries results;
     v7::files::LoadReport report;
-    LoadOrFail("info", *file, doc, &results, &report);
+    LoadOrFail("info", *file, doc, nullptr, &report);
+    // Result entries are counted from the package's directory: none of
+    // them is decompressed.
+    std::vector<std::wstring> results;
+    if (v7::files::IsPackagePath(str::to_wstring(*file)))
+      if (auto s = v7::files::ListPackageEntries(str::to_wstring(*file), results); s.failed())
+        FailWith("info", s.message());
     std::cout << "file: " << *file << "\nformat version: " << str::to_utf8(report.version) << "\n";
     std::cout << "collections:\n";
     for (const auto& c : v7::files::SummarizeCollections(doc))
@@ -31,14 +37,14 @@ void AddInfoCommand(CLI::App& app) {
       std::cout << "  [" << it.ID() << "] " << str::to_utf8(it->name) << " ("
                 << str::to_utf8(meta::ToName(it->kind)) << ", " << str::to_utf8(meta::ToName(it->method)) << ")\n";
     std::set<std::wstring> folders;
-    for (const auto& [name, bytes] : results) {
+    for (const auto& name : results) {
       const auto slash = name.find(L'/');
       folders.insert(slash == std::wstring::npos ? std::wstring(L"(root)") : name.substr(0, slash));
     }
     std::cout << "result folders:" << (folders.empty() ? " none" : "") << "\n";
     for (const auto& f : folders) {
       std::size_t n = 0;
-      for (const auto& [name, bytes] : results) n += name.rfind(f + L"/", 0) == 0;
+      for (const auto& name : results) n += name.rfind(f + L"/", 0) == 0;
       std::cout << "  " << str::to_utf8(f) << ": " << n << " files\n";
     }
   });

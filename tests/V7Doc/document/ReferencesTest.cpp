@@ -386,7 +386,7 @@ TEST(DanglingReferences, ALoadReportsEachOnceAndKeepsItsNumber) {
   ASSERT_TRUE(files::DocumentFromXml(xml, loaded, L"mem", &report).succeeded());
   std::vector<std::wstring> found;
   for (const auto& w : report.warnings)
-    if (w.id() == 31061) found.push_back(w.message());
+    if (w.id() == 31090) found.push_back(w.message());
   ASSERT_EQ(found.size(), 3u);
   auto mentions = [&](const std::wstring& path, const std::wstring& number) {
     for (const auto& f : found)

@@ -1,0 +1,325 @@
+// The malformed-input suite: documents, packages and result tables as a
+// damaged disk, a careless editor or a hostile sender would make them.
+// Every case either fails with a message that names what and where, leaving
+// the caller's document as it was, or is accepted for a stated reason.
+// The documents and tables are files under tests/data/malformed; packages,
+// being binary and some of them large once decompressed, are made here.
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <string>
+#include <unistd.h>
+#include <vector>
+#include <zip.h>
+
+#include "QVI/str/Convert.h"
+#include "V7Doc/document/QVDocument.h"
+#include "V7Doc/files/DocumentFile.h"
+#include "V7Doc/results/ResultTableReader.h"
+
+namespace v7::files {
+namespace {
+namespace fs = std::filesystem;
+
+fs::path DataDir() {
+  const char* d = std::getenv("QVV7_TEST_DATA");
+  return fs::path(d ? d : "tests/data") / "malformed";
+}
+
+std::string Slurp(const fs::path& p) {
+  std::ifstream in(p, std::ios::binary);
+  return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+}
+
+// One case: `refused` with a message holding `part`, or accepted, in which
+// case `part` (when not empty) is found in the first warning.
+struct Case {
+  const char* file;
+  bool refused;
+  const char* part;
+  const char* why = "";  // for an accepted case: why accepting it loses nothing
+  const wchar_t* name = nullptr;  // for an accepted document: the first analysis's name
+};
+
+void Check(const Case& c, const fs::path& path) {
+  SCOPED_TRACE(c.file);
+  QVDocument doc;
+  doc.DataInit();
+  ANALYSIS kept;
+  kept.DataInit(AnalysisKind::Hydro);
+  kept.name = L"kept";
+  doc.Analyses().Add(kept);
+  PackageEntries results{{L"keep", "me"}};
+  LoadReport report;
+  const gtl::status s = LoadDocument(path.wstring(), doc, &results, &report);
+  if (c.refused) {
+    ASSERT_TRUE(s.failed()) << "accepted";
+    EXPECT_NE(s.message_utf8().find(c.part), std::string::npos) << s.message_utf8();
+    EXPECT_NE(s.message_utf8().find(path.filename().string()), std::string::npos) << s.message_utf8();
+    // Nothing of the caller's is touched.
+    ASSERT_EQ(doc.Analyses().Size(), 1u);
+    EXPECT_EQ(doc.Analyses().At(1).name, L"kept");
+    EXPECT_EQ(results.size(), 1u);
+    return;
+  }
+  ASSERT_TRUE(s.succeeded()) << s.message_utf8() << " (accepted because " << c.why << ")";
+  if (c.name) {
+    EXPECT_EQ(doc.Analyses().At(1).name, c.name);
+  }
+  if (*c.part) {
+    ASSERT_FALSE(report.warnings.empty()) << c.why;
+    EXPECT_NE(report.warnings[0].message_utf8().find(c.part), std::string::npos)
+        << report.warnings[0].message_utf8();
+  }
+}
+
+TEST(MalformedInput, Documents) {
+  const Case cases[] = {
+      {"00_valid.xml", false, "", "the reference all other cases are made from"},
+      // Truncations: the parser names the line.
+      {"trunc_in_tag.xml", true, "line"},
+      {"trunc_in_text.xml", true, "line"},
+      {"trunc_after_start_tag.xml", true, "line"},
+      {"trunc_in_attribute.xml", true, "line"},
+      {"trunc_in_end_tag.xml", true, "line"},
+      {"trunc_declaration_only.xml", true, "No document element"},
+      {"empty.xml", true, "No document element"},
+      // Wrong types: the value, its path and its line.
+      {"type_id_text.xml", true, "Invalid ID \"two\" in Analyses, line 13"},
+      {"type_id_negative.xml", true, "Invalid ID \"-2\" in Analyses"},
+      {"type_int_text.xml", true, "\"thirty\" at Analyses[1].NumSlices, line 8"},
+      {"type_int_fraction.xml", true, "\"30.5\" at Analyses[1].NumSlices"},
+      {"type_int_overflow.xml", true, "\"99999999999\" at Analyses[1].NumSlices"},
+      {"type_bool_yes.xml", true, "\"yes\" at Analyses[1].AllowPassiveMode, line 10"},
+      {"type_double_comma.xml", true, "\"10,5\" at GeometryItems.Points[2].X, line 27"},
+      {"type_double_hex.xml", true, "\"0x1p3\" at GeometryItems.Points[2].X"},
+      {"type_record_as_text.xml", false, "", "text beside the records of a table holds nothing to keep"},
+      // NaN and infinities in members that do not allow them.
+      {"nan.xml", true, "\"NaN\" at GeometryItems.Points[2].X, line 27, is not a finite number"},
+      {"nan_lower.xml", true, "\"nan\" at GeometryItems.Points[2].Y, line 28"},
+      {"inf.xml", true, "\"inf\" at GeometryItems.Points[2].X"},
+      {"minus_infinity.xml", true, "\"-Infinity\" at GeometryItems.Points[2].Y"},
+      {"nan_bounded.xml", true, "\"NaN\" at Analyses[1].OptimizationTolerance, line 9"},
+      {"overflow_double.xml", true, "\"1e999\" at GeometryItems.Points[2].X"},
+      // Nesting: unknown elements are skipped whole, however deep.
+      {"deep_unknown.xml", false, "Unknown element \"Deep\" at Analyses, line 3",
+       "an unknown element is skipped with its content, and said so"},
+      {"deep_known_too_deep.xml", false, "Unknown element \"x\" at Analyses[1].Name",
+       "elements inside a text are skipped and said so; the text is the element's own", L""},
+      // Entities: nothing is expanded that the document does not hold.
+      {"entity_undefined.xml", false, "", "an undeclared entity is kept as the text it is", L"Slope &nosuch; end"},
+      {"entity_billion_laughs.xml", false, "", "declared entities are never expanded", L"&l9;"},
+      {"entity_external.xml", false, "", "no external entity is ever fetched", L"&ext;"},
+      {"entity_char_ref_nul.xml", true, "line 6 stands for NUL"},
+      {"entity_char_ref_huge.xml", true, "Analyses[1].Name, line 6, is not valid UTF-8"},
+      {"entity_predefined.xml", false, "", "the five predefined entities and character references are text", L"<&>\"'\u00e9\U0001D11E"},
+      // Identifiers.
+      {"dup_analysis_id.xml", true, "Duplicate ID 1 in Analyses, line 12"},
+      {"dup_point_id.xml", true, "Duplicate ID 1 in GeometryItems.Points"},
+      {"dup_member.xml", false, "", "a repeated member is read in order, the last one wins, as a later edit would", L"Slope"},
+      {"id_zero.xml", true, "Invalid ID \"0\" in Analyses"},
+      {"id_huge.xml", true, "ID 1024000 in Analyses, line 13, is beyond"},
+      {"id_max.xml", true, "ID 4294967295 in Analyses"},
+      {"id_missing.xml", false, "has no ID; it is given ID 2", "the record is kept in the next free slot"},
+      // Names.
+      {"wrong_root.xml", true, "\"QVDoc\" where \"QVDocument\""},
+      {"wrong_element.xml", false, "Unknown element \"NumSlice\" at Analyses[1], line 8",
+       "an unknown member is skipped and said so"},
+      {"wrong_enum_name.xml", false, "\"STABLE\" is no value of AnalysisKind at Analyses[1].Kind, line 7",
+       "the kind reads as undefined and is said so; an analysis of no kind reads as deleted, also said"},
+      {"wrong_enum_method.xml", false, "\"QuasiStatic\" is no value of AnlsMethod at Analyses[1].Method, line 8",
+       "the method reads as undefined, is said so, and is written back as read"},
+      {"wrong_collection_tag.xml", false, "Unknown element \"Analysys\" at Analyses, line 4",
+       "an element of another name is skipped and said so"},
+      {"wrong_case_enum.xml", false, "", "enumeration names match without regard to case, after an exact match"},
+      {"no_version.xml", false, "", "a document without a version is read as the current format"},
+      // Encodings.
+      {"utf8_invalid_byte.xml", true, "Analyses[1].Name, line 6, is not valid UTF-8 (byte 4)"},
+      {"utf8_overlong.xml", true, "Analyses[1].Name, line 6, is not valid UTF-8 (byte 1)"},
+      {"utf8_surrogate.xml", true, "is not valid UTF-8"},
+      {"utf8_in_element_name.xml", false, "Unknown element", "an element of no known name is skipped and said so"},
+      {"utf16_bom.xml", true, "line"},
+      // Outside the root.
+      {"after_root_element.xml", true, "Content outside the root element, line 33: element <QVDocument>"},
+      {"after_root_text.xml", true, "text \"trailing text"},
+      {"before_root_text.xml", true, "text \"junk"},
+      {"nul_byte_in_text.xml", true, "line"},
+  };
+  std::size_t files = 0;
+  for (const auto& c : cases) {
+    Check(c, DataDir() / "xml" / c.file);
+    ++files;
+  }
+  // Every file of the folder is in the table.
+  EXPECT_EQ(static_cast<std::size_t>(std::distance(fs::directory_iterator(DataDir() / "xml"), {})), files);
+}
+
+// What `qvdoc info` and the results listing do: the document and the
+// package's directory are read, result entries never decompressed. A result
+// entry whose data is damaged shows it: the listing and a load without
+// results succeed, a load that asks for the results fails.
+TEST(MalformedInput, ListingNeverDecompressesResults) {
+  const fs::path dir = fs::temp_directory_path() / ("qvv7_listing_" + std::to_string(::getpid()));
+  fs::create_directories(dir);
+  const fs::path path = dir / "p.qvz";
+  const std::string marker(4096, 'Q');
+  {
+    int err = 0;
+    zip_t* z = zip_open(path.c_str(), ZIP_CREATE | ZIP_TRUNCATE, &err);
+    ASSERT_NE(z, nullptr);
+    const std::string doc = Slurp(DataDir() / "xml" / "00_valid.xml");
+    zip_file_add(z, "Document.xml", zip_source_buffer(z, doc.data(), doc.size(), 0), 0);
+    const zip_int64_t i = zip_file_add(z, "001/node.csv", zip_source_buffer(z, marker.data(), marker.size(), 0), 0);
+    zip_set_file_compression(z, static_cast<zip_uint64_t>(i), ZIP_CM_STORE, 0);
+    ASSERT_EQ(zip_close(z), 0);
+  }
+  std::string bytes = Slurp(path);
+  bytes[bytes.find(marker) + 10] = 'R';
+  std::ofstream(path, std::ios::binary | std::ios::trunc) << bytes;
+  std::vector<std::wstring> names;
+  ASSERT_TRUE(ListPackageEntries(path.wstring(), names).succeeded());
+  EXPECT_EQ(names, std::vector<std::wstring>{L"001/node.csv"});
+  QVDocument doc;
+  ASSERT_TRUE(LoadDocument(path.wstring(), doc).succeeded());
+  EXPECT_EQ(doc.Analyses().Size(), 2u);
+  PackageEntries results;
+  const gtl::status s = LoadDocument(path.wstring(), doc, &results);
+  EXPECT_TRUE(s.failed());
+  EXPECT_NE(s.message_utf8().find("001/node.csv"), std::string::npos) << s.message_utf8();
+  fs::remove_all(dir);
+}
+
+// A document from another version, with an analysis kind this one does
+// not know: loaded with a warning, saved, and the name is still there.
+TEST(MalformedInput, UnknownNamesSurviveLoadAndSave) {
+  const fs::path dir = fs::temp_directory_path() / ("qvv7_kept_" + std::to_string(::getpid()));
+  fs::create_directories(dir);
+  for (const char* name : {"p.xml", "p.qvz"}) {
+    SCOPED_TRACE(name);
+    QVDocument doc;
+    LoadReport report;
+    ASSERT_TRUE(LoadDocument((DataDir() / "xml" / "wrong_enum_method.xml").wstring(), doc, nullptr, &report).succeeded());
+    ASSERT_EQ(report.warnings.size(), 1u);
+    ASSERT_TRUE(SaveDocument(doc, (dir / name).wstring()).succeeded());
+    QVDocument back;
+    LoadReport again;
+    ASSERT_TRUE(LoadDocument((dir / name).wstring(), back, nullptr, &again).succeeded());
+    ASSERT_EQ(again.warnings.size(), 1u);
+    EXPECT_NE(again.warnings[0].message_utf8().find("\"QuasiStatic\" is no value of AnlsMethod"), std::string::npos);
+    std::string xml;
+    ASSERT_TRUE(DocumentToXml(back, xml).succeeded());
+    EXPECT_NE(xml.find("<Method>QuasiStatic</Method>"), std::string::npos) << xml;
+  }
+  fs::remove_all(dir);
+}
+
+// Reading X and Y of each table: refused with the file, the row and the
+// column, or accepted for the reason given.
+TEST(MalformedInput, ResultTables) {
+  const struct {
+    const char* file;
+    bool refused;
+    const char* part;
+    std::size_t rows = 0;  // accepted: the rows read
+  } cases[] = {
+      {"valid.csv", false, "", 2},
+      {"missing_column.csv", true, "Y"},
+      {"unknown_quantities_only.csv", true, "X"},
+      {"short_row.csv", true, "row 3"},
+      {"not_a_number.csv", true, "row 2"},
+      {"nan_cell.csv", true, "row 2"},
+      {"inf_cell.csv", true, "row 2"},
+      {"overflow_cell.csv", true, "row 2"},
+      {"unclosed_quote.csv", true, "row 2"},
+      {"duplicate_column.csv", true, "X"},
+      {"empty.csv", true, "no header row"},
+      {"header_only.csv", false, "", 0},            // a table with no rows yet
+      {"truncated_mid_row.csv", false, "", 2},      // the empty cell is the no-value marker
+      {"quoted_decimal_comma.csv", true, "row 2"},
+      {"bom_crlf_blank_rows.csv", false, "", 2},    // the mark, "\r\n" and blank rows are skipped
+      {"garbage_in_unread_column.csv", false, "", 1},  // a column nobody reads is not read
+      {"nul_in_cell.csv", true, "row 2"},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.file);
+    const std::string text = Slurp(DataDir() / "csv" / c.file);
+    result::ResultTable table;
+    const gtl::status s =
+        result::ReadResultTable(text, str::to_wstring(c.file), {DataParamType::X, DataParamType::Y}, table);
+    if (c.refused) {
+      ASSERT_TRUE(s.failed()) << "accepted";
+      EXPECT_NE(s.message_utf8().find(c.file), std::string::npos) << s.message_utf8();
+      EXPECT_NE(s.message_utf8().find(c.part), std::string::npos) << s.message_utf8();
+      continue;
+    }
+    ASSERT_TRUE(s.succeeded()) << s.message_utf8();
+    EXPECT_EQ(table.Rows(), c.rows);
+  }
+  EXPECT_EQ(static_cast<std::size_t>(std::distance(fs::directory_iterator(DataDir() / "csv"), {})),
+            std::size(cases));
+}
+
+// Packages, made here: entries that escape, bombs, methods we do not read,
+// a missing document, damaged archives.
+TEST(MalformedInput, Packages) {
+  const fs::path dir = fs::temp_directory_path() / ("qvv7_malformed_" + std::to_string(::getpid()));
+  fs::create_directories(dir);
+  const std::string doc = Slurp(DataDir() / "xml" / "00_valid.xml");
+  ASSERT_FALSE(doc.empty());
+  struct Entry {
+    std::string name;
+    std::string bytes;
+    zip_int32_t method = ZIP_CM_DEFLATE;
+  };
+  auto zip = [&](const char* file, const std::vector<Entry>& entries) {
+    const fs::path p = dir / file;
+    int err = 0;
+    zip_t* z = zip_open(p.c_str(), ZIP_CREATE | ZIP_TRUNCATE, &err);
+    EXPECT_NE(z, nullptr);
+    for (const auto& e : entries) {
+      const zip_int64_t i = zip_file_add(z, e.name.c_str(), zip_source_buffer(z, e.bytes.data(), e.bytes.size(), 0), 0);
+      EXPECT_GE(i, 0) << e.name;
+      zip_set_file_compression(z, static_cast<zip_uint64_t>(i), e.method, 0);
+    }
+    EXPECT_EQ(zip_close(z), 0);
+    return p;
+  };
+  const std::string zeros(64u << 20, '\0');
+  std::vector<std::pair<Case, fs::path>> cases = {
+      {{"escaping.qvz", true, "\"../evil.csv\" is not a path inside"},
+       zip("escaping.qvz", {{"Document.xml", doc}, {"../evil.csv", "x"}})},
+      {{"escaping_deep.qvz", true, "\"001/../../evil.csv\""},
+       zip("escaping_deep.qvz", {{"Document.xml", doc}, {"001/../../evil.csv", "x"}})},
+      {{"absolute.qvz", true, "\"/etc/evil\""}, zip("absolute.qvz", {{"Document.xml", doc}, {"/etc/evil", "x"}})},
+      {{"drive.qvz", true, "\"C:/evil\""}, zip("drive.qvz", {{"Document.xml", doc}, {"C:/evil", "x"}})},
+      {{"backslash.qvz", true, "is not a path inside"},
+       zip("backslash.qvz", {{"Document.xml", doc}, {"..\\evil", "x"}})},
+      {{"bomb.qvz", true, "a ratio no project file has"},
+       zip("bomb.qvz", {{"Document.xml", doc}, {"001/node.csv", zeros}})},
+      {{"missing_document.qvz", true, "holds no document entry \"Document.xml\""},
+       zip("missing_document.qvz", {{"001/node.csv", "X,Y\n0,0\n"}})},
+      {{"bad_document.qvz", true, "(Document.xml): Cannot read the XML"},
+       zip("bad_document.qvz", {{"Document.xml", doc.substr(0, 100)}})},
+      {{"document_in_folder.qvz", true, "holds no document entry"},
+       zip("document_in_folder.qvz", {{"sub/Document.xml", doc}})},
+      {{"store.qvz", false, "", "stored entries are read as they are"},
+       zip("store.qvz", {{"Document.xml", doc, ZIP_CM_STORE}, {"001/node.csv", "X,Y\n0,0\n", ZIP_CM_STORE}})},
+  };
+  if (zip_compression_method_supported(ZIP_CM_BZIP2, 1))
+    cases.push_back({{"bzip2.qvz", true, "compressed with bzip2"},
+                     zip("bzip2.qvz", {{"Document.xml", doc}, {"001/node.csv", zeros.substr(0, 1 << 20), ZIP_CM_BZIP2}})});
+  // Not a zip; a zip cut short (its directory lost).
+  const std::string good = Slurp(dir / "store.qvz");
+  std::ofstream(dir / "not_zip.qvz", std::ios::binary) << doc;
+  std::ofstream(dir / "truncated.qvz", std::ios::binary) << good.substr(0, good.size() / 2);
+  cases.push_back({{"not_zip.qvz", true, "Cannot open the package"}, dir / "not_zip.qvz"});
+  cases.push_back({{"truncated.qvz", true, "Cannot open the package"}, dir / "truncated.qvz"});
+  for (const auto& [c, path] : cases) Check(c, path);
+  fs::remove_all(dir);
+}
+
+}  // namespace
+}  // namespace v7::files
