@@ -18,7 +18,8 @@ namespace {
 // megabyte long.
 constexpr std::size_t kMaxQuotedText = 40;
 
-bool IsBlank(char c) { return c == ' ' || c == '\t' || c == '\r'; }
+// Blanks within a row: every blank but the line feed, which ends the row.
+bool IsBlank(char c) { return c != '\n' && str::is_blank(c); }
 
 std::string Excerpt(std::string_view s) {
   if (s.size() <= kMaxQuotedText) return std::string(s);
@@ -67,7 +68,7 @@ struct Field {
 
 Field SplitField(const char* p, const char* end) {
   Field f;
-  while (p < end && (*p == ' ' || *p == '\t')) ++p;
+  while (p < end && IsBlank(*p)) ++p;
   const char* start = p;
   const char* stop;
   if (p < end && *p == '"') {
