@@ -17,30 +17,32 @@ struct XYToType {
 };
 
 // What differs between the fields: the field, the attribute naming the
-// function number, the type of a climate condition and the XY-type table.
+// function number and the list it numbers into, the type of a climate
+// condition and the XY-type table.
 template <class B>
 struct FieldTraits;
 
-#define QV_FIELD(B, F, FnNumAttr, ClimateType, ...)                      \
+#define QV_FIELD(B, F, FnNumAttr, FnList, ClimateType, ...)              \
   template <>                                                            \
   struct FieldTraits<B> {                                                \
     /* Not every field reads every trait (clang warns of those unread). */ \
     [[maybe_unused]] static constexpr DOFType kField = DOFType::F;       \
     [[maybe_unused]] static constexpr const wchar_t* kFnNumAttr = FnNumAttr; \
+    [[maybe_unused]] static constexpr GID kFnList = FnList;              \
     [[maybe_unused]] static constexpr std::int32_t kClimateType = ClimateType; \
     [[maybe_unused]] static constexpr XYToType kXY[] = {__VA_ARGS__};    \
   };
-QV_FIELD(HydBType, Hydraulic, L"HydBoundFnNum", 9, {8, 4}, {9, 7}, {10, 2}, {11, 3})
-QV_FIELD(AirBType, Air, L"AirBoundFnNum", 0, {0, 0})
-QV_FIELD(ThermBType, Thermal, L"ThermBoundFnNum", 4, {23, 1}, {24, 2}, {25, 3})
-QV_FIELD(ContamBType, Contaminant, L"ContamBoundFnNum", 0, {13, 1}, {14, 6}, {15, 2}, {16, 3},
+QV_FIELD(HydBType, Hydraulic, L"HydBoundFnNum", 18, 9, {8, 4}, {9, 7}, {10, 2}, {11, 3})
+QV_FIELD(AirBType, Air, L"AirBoundFnNum", 51, 0, {0, 0})
+QV_FIELD(ThermBType, Thermal, L"ThermBoundFnNum", 27, 4, {23, 1}, {24, 2}, {25, 3})
+QV_FIELD(ContamBType, Contaminant, L"ContamBoundFnNum", 20, 0, {13, 1}, {14, 6}, {15, 2}, {16, 3},
          {17, 4})
-QV_FIELD(GasBType, Gas, L"GasBoundFnNum", 4, {27, 1}, {28, 2}, {29, 3})
-QV_FIELD(XDispBType, XDisp, L"StressBoundFnNum", 0, {31, 1}, {33, 2}, {35, 3}, {37, 8}, {39, 7},
+QV_FIELD(GasBType, Gas, L"GasBoundFnNum", 29, 4, {27, 1}, {28, 2}, {29, 3})
+QV_FIELD(XDispBType, XDisp, L"StressBoundFnNum", 31, 0, {31, 1}, {33, 2}, {35, 3}, {37, 8}, {39, 7},
          {41, 9})
-QV_FIELD(YDispBType, YDisp, L"StressBoundFnNum", 0, {32, 1}, {34, 2}, {36, 3}, {38, 8}, {40, 7},
+QV_FIELD(YDispBType, YDisp, L"StressBoundFnNum", 31, 0, {32, 1}, {34, 2}, {36, 3}, {38, 8}, {40, 7},
          {41, 9})
-QV_FIELD(RotBType, Rotation, L"StressBoundFnNum", 0, {0, 0})
+QV_FIELD(RotBType, Rotation, L"StressBoundFnNum", 31, 0, {0, 0})
 #undef QV_FIELD
 
 template <class B>
@@ -123,6 +125,10 @@ void BFnFunction<B>::GetDataAttributes(std::vector<FnAttr>& attrs) const {
 template <class B>
 double BFnFunction<B>::Calculate(const double* x, const double* y) const {
   return fn_->Calculate(x, y);
+}
+template <class B>
+void BFnFunction<B>::GetFnReferences(std::vector<FnReference>& refs) const {
+  refs.push_back({FieldTraits<B>::kFnList, fnNum_});
 }
 template <class B>
 DOFType BFnFunction<B>::Field() const {
