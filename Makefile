@@ -7,12 +7,13 @@ BUILD_DIR := build/$(PRESET)
 DEB_PACKAGES := cmake make g++ pkg-config ccache \
   libgtest-dev libgmock-dev libbenchmark-dev \
   libpugixml-dev libzip-dev libeigen3-dev libboost-dev libcli11-dev libqhull-dev
-# libFuzzer comes with clang; only `make fuzz` needs it.
+# libFuzzer and the sanitizer runtimes come with clang (the runtimes are a
+# package of their own on Debian 12); only `make fuzz` needs them.
 ifeq ($(PRESET),fuzz)
-DEB_PACKAGES += clang
+DEB_PACKAGES += clang libclang-rt-14-dev
 endif
 
-.PHONY: all deps configure build test demo bench fuzz format clean
+.PHONY: all deps configure build test demo bench fuzz fuzz-smoke format clean
 
 all: build
 
@@ -47,6 +48,11 @@ bench: build
 
 fuzz:
 	$(MAKE) PRESET=fuzz build
+
+# Every fuzz target for a short time (FUZZ_SECONDS each).
+FUZZ_SECONDS ?= 20
+fuzz-smoke: fuzz
+	fuzz/smoke.sh $(FUZZ_SECONDS)
 
 format:
 	git ls-files '*.h' '*.cpp' | xargs clang-format -i

@@ -112,14 +112,14 @@ bool ParseNumber(std::string_view t, N& v) {
   return ec == std::errc() && end == t.data() + t.size();
 }
 
-bool IsBlank(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; }
+using str::is_blank;
 
 // A plain loop: values are short and rarely padded, so the generic
 // find_first_not_of (a search per character) cost more than the number.
 std::string_view TrimBlanks(std::string_view t) {
   std::size_t b = 0, e = t.size();
-  while (b < e && IsBlank(t[b])) ++b;
-  while (e > b && IsBlank(t[e - 1])) --e;
+  while (b < e && is_blank(t[b])) ++b;
+  while (e > b && is_blank(t[e - 1])) --e;
   return t.substr(b, e - b);
 }
 }  // namespace

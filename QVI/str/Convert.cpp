@@ -29,8 +29,6 @@ void append_utf8(std::string& out, char32_t cp) {
   }
 }
 
-bool is_blank(wchar_t c) { return c == L' ' || c == L'\t' || c == L'\r' || c == L'\n'; }
-
 }  // namespace
 
 std::wstring to_wstring(std::string_view s) {

@@ -37,6 +37,11 @@ bool parse(std::wstring_view text, std::int64_t& out);
 bool iequals(std::wstring_view a, std::wstring_view b);
 std::wstring to_lower(std::wstring_view text);
 
+// The one test of a blank used by every reader of text: characters 9 to 13
+// (tab, line feed, vertical tab, form feed, carriage return) and 32 (space).
+constexpr bool is_blank(wchar_t c) { return c == L' ' || (c >= 9 && c <= 13); }
+constexpr bool is_blank(char c) { return c == ' ' || (c >= 9 && c <= 13); }
+
 // Blanks removed from both ends.
 std::wstring_view trim(std::wstring_view text);
 

@@ -1,5 +1,7 @@
 #include "QVI/str/Format.h"
 
+#include <cstdint>
+
 namespace str {
 
 std::wstring format(std::wstring_view pattern, const std::vector<std::wstring>& args) {
@@ -22,6 +24,34 @@ std::wstring format(std::wstring_view pattern, const std::vector<std::wstring>& 
       }
     }
     out.push_back(c);
+  }
+  return out;
+}
+
+std::wstring escape_controls(std::wstring_view text) {
+  const auto control = [](wchar_t c) {
+    const auto v = static_cast<std::uint32_t>(c);
+    return v < 32 || (v >= 127 && v < 160);
+  };
+  std::wstring out;
+  out.reserve(text.size());
+  for (wchar_t c : text) {
+    if (!control(c)) {
+      out.push_back(c);
+      continue;
+    }
+    switch (c) {
+      case L'\t': out += L"\\t"; break;
+      case L'\n': out += L"\\n"; break;
+      case L'\r': out += L"\\r"; break;
+      default: {
+        static constexpr wchar_t kHex[] = L"0123456789ABCDEF";
+        const auto v = static_cast<std::uint32_t>(c);
+        out += L"\\x";
+        out.push_back(kHex[(v >> 4) & 0xF]);
+        out.push_back(kHex[v & 0xF]);
+      }
+    }
   }
   return out;
 }

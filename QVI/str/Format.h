@@ -27,6 +27,13 @@ std::wstring as_arg(N n) {
   return to_wstring(n);
 }
 
+// Input quoted in a message, made safe to print: control characters (0 to
+// 31, 127 and 128 to 159) are written as escapes, "\t", "\n", "\r" for the
+// common ones and "\xHH" for the rest (a NUL byte is "\x00"), so that a
+// message is one readable line whatever bytes a file held. Other text,
+// backslashes included, is kept as it is, so escaping twice changes nothing.
+std::wstring escape_controls(std::wstring_view text);
+
 template <class... Args>
   requires(sizeof...(Args) > 0 &&
            (!std::is_same_v<std::remove_cvref_t<Args>, std::vector<std::wstring>> && ...))

@@ -7,6 +7,7 @@
 #include "V7Doc/document/QVDocument.h"
 #include "V7Doc/files/DocumentSchema.h"
 #include "V7Doc/files/ReferenceCheck.h"
+#include "V7Doc/functions/FnReferences.h"
 
 namespace v7::files {
 namespace {
@@ -55,6 +56,9 @@ gtl::status DocumentFromXml(std::string_view xml, QVDocument& doc, const std::ws
     for (const auto& m : read.messages)
       if (!m.succeeded()) report->warnings.push_back(m);
     report->warnings.insert(report->warnings.end(), dangling.begin(), dangling.end());
+    // Functions whose numbers lead back to themselves load (the user can
+    // mend them) but have no value; say so now rather than at evaluation.
+    FindFnReferenceCycles(doc, report->warnings);
   }
   return {};
 }

@@ -21,14 +21,7 @@ FnAttr Make(const wchar_t* name, DataParamType v) {
 }
 FnAttr Make(const wchar_t* name, const math::fn::TailType& v) { return FnAttr(name, v.as_wstring()); }
 
-// Blanks are characters 9 to 13 and 32.
-std::wstring_view Trim(const std::wstring& text) {
-  std::size_t b = 0, e = text.size();
-  auto blank = [](wchar_t c) { return c == 32 || (c >= 9 && c <= 13); };
-  while (b < e && blank(text[b])) ++b;
-  while (e > b && blank(text[e - 1])) --e;
-  return std::wstring_view(text).substr(b, e - b);
-}
+std::wstring_view Trim(const std::wstring& text) { return str::trim(text); }
 
 }  // namespace
 

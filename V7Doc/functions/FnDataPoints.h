@@ -24,7 +24,8 @@ struct FnPoint {
 class IFnDataPoints {
  public:
   virtual ~IFnDataPoints() = default;
-  // Replaces the function's points by [first, last).
+  // Replaces the function's points by [first, last), leaving out every
+  // point with a missing coordinate.
   virtual void Assign(const FnPoint* first, const FnPoint* last) = 0;
   // The points held.
   virtual const std::vector<FnPoint>& DataPoints() const = 0;

@@ -60,13 +60,21 @@ void FnEstHydK::GetDataAttributes(std::vector<FnAttr>& attrs) const {
   attrs.push_back(FnAttrResWC(resWC_));
 }
 
+void FnEstHydK::GetFnReferences(std::vector<FnReference>& refs) const {
+  refs.push_back({kVolWCFns, volWCFnNum_});
+}
+
 gtl::status FnEstHydK::Generate(const std::vector<double>& suctions, std::vector<double>& values) const {
   fit_ = {};
   if (!(hydKSat_ > 0)) return EstimateError(str::load_wstring(33518));
   const Func2D* f = FindFunc2D(kVolWCFns, static_cast<int>(std::min<std::uint32_t>(volWCFnNum_, 0x7FFFFFFF)));
   if (!f) return EstimateError(str::format(str::load_wstring(33515), volWCFnNum_));
-  const IFn wc = f->Fn();
-  auto theta = [&](double s) { return wc(-s); };
+  if (gtl::status s = CheckFnReferences(*this); s.failed()) return s;
+  const int wcNum = static_cast<int>(std::min<std::uint32_t>(volWCFnNum_, 0x7FFFFFFF));
+  auto theta = [&](double s) {
+    const double x = -s;
+    return CalculateFunc2D(kVolWCFns, wcNum, &x, nullptr);
+  };
 
   // Step 1: the 50-point table from Min to the suction limit.
   const double limit = SuctionLimitOfUnitSystem();

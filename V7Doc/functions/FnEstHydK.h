@@ -33,6 +33,7 @@
 #include <cstdint>
 
 #include "V7Doc/functions/FnEstBase.h"
+#include "V7Doc/functions/FnReferences.h"
 
 namespace v7 {
 
@@ -50,7 +51,7 @@ struct VanGenuchtenFit {
   double alpha = qvi::kNoValue;  // van Genuchten alpha, 1/pressure
 };
 
-class FnEstHydK : public FnEstBase {
+class FnEstHydK : public FnEstBase, public IFnReferences {
  public:
   static const wchar_t* TypeName() { return L"FnEstHydK"; }
   // Number of suctions of the water-content table.
@@ -65,6 +66,8 @@ class FnEstHydK : public FnEstBase {
 
   FnEstHydKType::eEstMethod Method() const { return eMethod_; }
   std::uint32_t VolWCFnNum() const { return volWCFnNum_; }
+  // The water-content function.
+  void GetFnReferences(std::vector<FnReference>& refs) const override;
   // The parameters found by the last "VanGenuchten" update.
   const VanGenuchtenFit& Fit() const { return fit_; }
 

@@ -45,7 +45,10 @@ bool FnFredXing::ReadShared(const FnAttr& a, gtl::status& s, double satWCMax) {
     ReadBounded(a, SatWC_, s, 0.0, satWCMax);
   else if (a.Name == L"SuctionLimit")
     // A limit of zero would put the residual suction at zero (0.003 x limit).
-    ReadBounded(a, SuctionLimit_, s, std::numeric_limits<double>::min(), kHuge);
+    // An empty limit is refused: unlike the other parameters the limit has a
+    // default, so an unset limit (which the text leaves out) would come back
+    // as the default after a save.
+    ReadBounded(a, SuctionLimit_, s, std::numeric_limits<double>::min(), kHuge, false);
   else
     return false;
   return true;

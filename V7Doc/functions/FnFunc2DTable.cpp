@@ -49,14 +49,22 @@ void FnFunc2DTable<F, M>::GetDataAttributes(std::vector<FnAttr>& attrs) const {
 
 template <GID F, GID M>
 double FnFunc2DTable<F, M>::Calculate(const double* x, const double* y) const {
-  const Func2D* f = Fn();
-  if (!f) return qvi::kNoValue;
-  const double v = f->Fn()->Calculate(x, y);
+  const double v = CalculateFunc2D(F, fnNum_, x, y);
   if (qvi::IsNoValue(v) || mfnNum_ == 0) return v;
-  const Func2D* m = MFn();
-  if (!m) return qvi::kNoValue;  // a modifier is named but does not exist
-  const double factor = m->Fn()->Calculate(x, y);
+  // A modifier that is named but does not exist gives no value.
+  const double factor = M ? CalculateFunc2D(M, mfnNum_, x, y) : qvi::kNoValue;
   return qvi::IsNoValue(factor) ? qvi::kNoValue : v * factor;
+}
+
+template <GID F, GID M>
+gtl::status FnFunc2DTable<F, M>::UpdateCalculatedValues() {
+  return CheckFnReferences(*this);
+}
+
+template <GID F, GID M>
+void FnFunc2DTable<F, M>::GetFnReferences(std::vector<FnReference>& refs) const {
+  if (fnNum_ > 0) refs.push_back({F, static_cast<GID>(fnNum_)});
+  if (M && mfnNum_ > 0) refs.push_back({M, static_cast<GID>(mfnNum_)});
 }
 
 template <GID F, GID M>

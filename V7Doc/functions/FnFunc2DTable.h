@@ -8,6 +8,7 @@
 // The lists are those of the current document (QVDocumentGetCurrentHandle).
 #include "V7Doc/core/GID.h"
 #include "V7Doc/functions/FnImpl.h"
+#include "V7Doc/functions/FnReferences.h"
 
 namespace v7 {
 
@@ -26,7 +27,7 @@ struct Func2DTableBinding {
 const Func2DTableBinding& Func2DTableBindingOf(GID fnTable);
 
 template <GID FnTable, GID MFnTable>
-class FnFunc2DTable : public FnImpl, public ITableContext {
+class FnFunc2DTable : public FnImpl, public ITableContext, public IFnReferences {
  public:
   static constexpr GID get_FnTable() { return FnTable; }
   static constexpr GID get_MFnTable() { return MFnTable; }
@@ -38,7 +39,12 @@ class FnFunc2DTable : public FnImpl, public ITableContext {
   FnImpl* Clone() const override { return new FnFunc2DTable(*this); }
   gtl::status SetAttributes(const std::vector<FnAttr>& attrs) override;
   void GetDataAttributes(std::vector<FnAttr>& attrs) const override;
+  // No value where the numbers lead back to this function (see FnReferences.h).
   double Calculate(const double* x, const double* y) const override;
+  // Checks that the numbers do not lead back in a cycle (error 33560).
+  gtl::status UpdateCalculatedValues() override;
+  // The function and, when named, the modifier.
+  void GetFnReferences(std::vector<FnReference>& refs) const override;
   // Points to function `fnNum` and modifier `mfnNum` (0: none).
   gtl::status InitializeInstance(GID fnNum, GID mfnNum) override;
 

@@ -30,15 +30,20 @@ bool FnProbFN::ReadParameter(const FnAttr& a, gtl::status& s) {
   return true;
 }
 
+void FnProbFN::GetFnReferences(std::vector<FnReference>& refs) const {
+  refs.push_back({kProbFns, fnNum_});
+}
+
 gtl::status FnProbFN::Build(Table& t) const {
   const Func2D* f = fnNum_ <= 0x7FFFFFFFu ? FindFunc2D(kProbFns, static_cast<int>(fnNum_)) : nullptr;
   const auto noArea = [&] { return ProbError(str::format(str::load_wstring(33521), fnNum_)); };
   if (!f) return noArea();
+  if (gtl::status s = CheckFnReferences(*this); s.failed()) return s;
   const double h = (max_ - min_) / kSteps;
   std::vector<double> x(kSteps + 1), density(kSteps + 1), cum(kSteps + 1, 0.0);
   for (int i = 0; i <= kSteps; ++i) {
     x[i] = i == kSteps ? max_ : min_ + i * h;
-    const double d = (*f)(x[i]);
+    const double d = CalculateFunc2D(kProbFns, static_cast<int>(fnNum_), &x[i], nullptr);
     density[i] = qvi::IsNoValue(d) || !(d > 0) || !std::isfinite(d) ? 0.0 : d;
   }
   double moment = 0;

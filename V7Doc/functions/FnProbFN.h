@@ -7,10 +7,11 @@
 #include <cstdint>
 
 #include "V7Doc/functions/FnProb.h"
+#include "V7Doc/functions/FnReferences.h"
 
 namespace v7 {
 
-class FnProbFN : public FnProb {
+class FnProbFN : public FnProb, public IFnReferences {
  public:
   static const wchar_t* TypeName() { return L"Generalized Spline"; }
   // The number of integration steps between Min and Max.
@@ -28,6 +29,8 @@ class FnProbFN : public FnProb {
   void GetDataAttributes(std::vector<FnAttr>& attrs) const override;
 
   std::uint32_t ProbFnNum() const { return fnNum_; }
+  // The density function.
+  void GetFnReferences(std::vector<FnReference>& refs) const override;
 
  protected:
   gtl::status Build(Table& t) const override;

@@ -13,7 +13,8 @@ namespace {
 std::vector<Point3D> ElementPoints(const std::array<std::int32_t, 8>& nodes, int corners,
                                    int order, const std::vector<NODE>& mesh) {
   std::vector<Point3D> out;
-  for (const auto& [r, s] : GaussRule(corners, order)) {
+  for (const auto& [r, s, w] : GaussRule(corners, order)) {
+    (void)w;
     double N[8];
     Shape_Function(N, r, s, nodes.data());
     Point3D p;
@@ -52,30 +53,6 @@ gtl::status Number(GaussPoint& gp, void (GaussPoint::*append)(std::uint32_t,
 }
 
 }  // namespace
-
-std::vector<std::pair<double, double>> GaussRule(int corners, int order) {
-  const double a = 1 / std::sqrt(3.0), b = std::sqrt(0.6);
-  switch (corners) {
-    case 4:
-      if (order == 1) return {{0, 0}};
-      if (order == 4) return {{a, a}, {-a, a}, {-a, -a}, {a, -a}};
-      if (order == 9)
-        return {{b, b}, {-b, b}, {-b, -b}, {b, -b}, {0, b}, {-b, 0}, {0, -b}, {b, 0}, {0, 0}};
-      break;
-    case 3:
-      if (order == 1) return {{1.0 / 3, 1.0 / 3}};
-      if (order == 3) return {{1.0 / 6, 1.0 / 6}, {2.0 / 3, 1.0 / 6}, {1.0 / 6, 2.0 / 3}};
-      break;
-    case 2:
-      if (order == 1) return {{0, 0}};
-      if (order == 2) return {{a, 0}, {-a, 0}};
-      if (order == 3) return {{b, 0}, {-b, 0}, {0, 0}};
-      break;
-    default:
-      break;
-  }
-  return {};
-}
 
 GID GaussPoint::GetGaussPointID(std::uint32_t element, std::uint32_t index) const {
   if (element >= firstID_.size() || firstID_[element] == kNoPoints) return 0;

@@ -8,21 +8,12 @@
 
 #include "QVI/gtl/status.h"
 #include "V7Doc/core/GID.h"
+#include "V7Doc/geometry/GaussRules.h"
 #include "V7Doc/geometry/GeomTypes.h"
 #include "V7Doc/geometry/Mesh2D.h"
 
 namespace v7::Geom {
 
-// Natural coordinates of the Gauss points of an element with `corners`
-// corners (4, 3, or 2 for a line) and `order` points, in the order the
-// numbering uses; empty for an unknown rule. Quadrilaterals (Gauss-Legendre
-// product rules): 1 at the centre; 4 at (+-a, +-a), a = 1/sqrt(3), in the
-// corner order of the element's nodes; 9 at b = sqrt(3/5): corners, then
-// mid-sides in node order, then the centre, so that LocalCoordsAtElemNode
-// addresses them. Triangles: 1 at the centroid; 3 at (1/6, 1/6), (2/3, 1/6),
-// (1/6, 2/3) (Strang and Fix 1973). Lines: Gauss-Legendre, ordered like the
-// nodes (+ end first, centre last).
-std::vector<std::pair<double, double>> GaussRule(int corners, int order);
 
 class GaussPoint {
  public:
@@ -59,9 +50,11 @@ class GaussPoint {
 // Gauss points of the line elements.
 class GaussPoint1D : public GaussPoint {
  public:
-  // Numbers the points of every non-empty line element. An element with a bad
-  // node number or an unknown rule gets no points; the first such fault is
-  // returned (the others are numbered all the same).
+  // Numbers the points of every non-empty line element, with the rules of
+  // GaussRules.h. An element with a bad node number or a point count that
+  // has no rule gets no points and the first such fault is returned (error
+  // 34002 names the element and the count); the others are numbered all
+  // the same.
   gtl::status Init(const std::vector<ELEM1D>& elements, const std::vector<NODE>& nodes);
 };
 

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "V7Doc/geometry/GaussRules.h"
+
 namespace v7 {
 namespace {
 
@@ -85,14 +87,7 @@ void Mesh2D::Clear() {
   nodePairs_.clear();
 }
 
-bool IsKnownIntegrationOrder(int corners, int order) {
-  switch (corners) {
-    case 4: return order == 1 || order == 4 || order == 9;
-    case 3: return order == 1 || order == 3;
-    case 2: return order >= 1 && order <= 3;
-    default: return false;
-  }
-}
+bool IsKnownIntegrationOrder(int corners, int order) { return !GaussRule(corners, order).empty(); }
 
 gtl::status CheckElement(const std::array<std::int32_t, 8>& nodes, int corners, int order,
                          std::size_t nodeCount, std::size_t element, bool oneD) {

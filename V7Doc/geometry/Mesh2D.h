@@ -100,7 +100,8 @@ class Mesh2D {
 };
 
 // Whether `order` Gauss points is a rule known for a plane element with
-// `corners` corners (4: 1, 4, 9; 3: 1, 3) or a line element (2: 1, 2, 3).
+// `corners` corners (4: 1, 4, 9, 16; 3: 1, 3, 4, 6, 7) or a line element
+// (2: 1 to 4); see GaussRules.h.
 bool IsKnownIntegrationOrder(int corners, int order);
 
 // The status of a node list that refers to a node beyond `nodeCount`, or of

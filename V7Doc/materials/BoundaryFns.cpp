@@ -17,7 +17,8 @@ struct XYToType {
 };
 
 // What differs between the fields: the field, the attribute naming the
-// function number, the type of a climate condition and the XY-type table.
+// function number and the list it numbers into, the type of a climate
+// condition and the XY-type table.
 template <class B>
 struct FieldTraits;
 
@@ -28,6 +29,7 @@ struct FieldTraits;
     /* Not every field reads every trait (clang warns of those unread). */ \
     [[maybe_unused]] static constexpr DOFType kField = DOFType::F;       \
     [[maybe_unused]] static constexpr const wchar_t* kFnNumAttr = FnNumAttr; \
+    [[maybe_unused]] static constexpr GID kFnList = FnList;              \
     [[maybe_unused]] static constexpr std::int32_t kClimateType = ClimateType; \
     [[maybe_unused]] static constexpr XYToType kXY[] = {__VA_ARGS__};    \
   };
@@ -139,6 +141,10 @@ void BFnFunction<B>::GetDataAttributes(std::vector<FnAttr>& attrs) const {
 template <class B>
 double BFnFunction<B>::Calculate(const double* x, const double* y) const {
   return fn_->Calculate(x, y);
+}
+template <class B>
+void BFnFunction<B>::GetFnReferences(std::vector<FnReference>& refs) const {
+  refs.push_back({FieldTraits<B>::kFnList, fnNum_});
 }
 template <class B>
 DOFType BFnFunction<B>::Field() const {

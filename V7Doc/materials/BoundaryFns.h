@@ -20,6 +20,7 @@
 
 #include "V7Doc/core/GID.h"
 #include "V7Doc/functions/FnImpl.h"
+#include "V7Doc/functions/FnReferences.h"
 #include "V7Doc/materials/BoundaryTypes.h"
 
 namespace v7 {
@@ -79,7 +80,7 @@ class BFnConst final : public BFnImpl {
 // A value that varies in time, read from a boundary function list. The
 // stored type is the XY type of that function; Type() maps it.
 template <class B>
-class BFnFunction final : public BFnImpl {
+class BFnFunction final : public BFnImpl, public IFnReferences {
  public:
   BFnFunction(std::int32_t xyType = 0, GID fnNum = 0) : fnNum_(fnNum) { nStoredType_ = xyType; }
   std::wstring Name() const override { return L"Function"; }
@@ -91,6 +92,8 @@ class BFnFunction final : public BFnImpl {
   std::int32_t Type() const override;
   GID FnNum() const override { return fnNum_; }
   GGID Reference() const override;
+  // The function of the field's boundary list that the number names.
+  void GetFnReferences(std::vector<FnReference>& refs) const override;
   // The function the number resolves to (undefined until attached).
   const IFn& Fn() const { return fn_; }
   void AttachFn(const IFn& fn) { fn_ = fn; }

@@ -28,9 +28,14 @@ std::wstring StabilityStem(const doc::file::Name& name, int step) {
   return s;
 }
 
+// Surfaces 1 to 99 keep the two digits of the earlier generation. From 100
+// on the number is joined with "-": written straight after the step it would
+// run into it ("_2" + "101" is "_21" + "01"), and "-" appears in no other
+// name, so every (step, surface) pair has a name of its own.
 std::wstring Numbered02(const doc::file::Name& name, int surface, int step, const wchar_t* ext,
                         const wchar_t* optimisedExt) {
   if (surface <= 0) return StabilityStem(name, step) + optimisedExt;
+  if (surface >= 100) return StabilityStem(name, step) + L"-" + str::to_wstring(surface) + ext;
   return StabilityStem(name, step) + Padded(surface, 2) + ext;
 }
 

@@ -74,8 +74,9 @@ std::wstring NameData(const doc::file::Name& name, const std::wstring& text, dou
 // Earlier-generation stability outputs. `step` > 0 marks the outputs computed
 // from the pore pressures of that step of a transient parent: "_<step>" joins
 // the stem. The forces and probability files of slip surface `surface` > 0
-// carry its number as "%02d" before the extension; surface 0 names the
-// optimised surface (".optfrc", ".optpro").
+// carry its number as "%02d" before the extension, and from surface 100 on
+// as "-<surface>" (so that step 2 surface 101 and step 21 surface 1 differ);
+// surface 0 names the optimised surface (".optfrc", ".optpro").
 std::wstring NameFofS(const doc::file::Name& name, int step);
 std::wstring NameForces(const doc::file::Name& name, int surface, int step);
 std::wstring NameProbability(const doc::file::Name& name, int surface, int step);

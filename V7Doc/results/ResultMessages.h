@@ -12,6 +12,7 @@ inline constexpr unsigned kOpenQuote = 36004;      // file, row, column number
 inline constexpr unsigned kDuplicateColumn = 36005;  // file, row, name, first, second
 inline constexpr unsigned kCannotRead = 36006;     // file
 inline constexpr unsigned kFileTooLarge = 36007;   // file, limit
+inline constexpr unsigned kNoKnownColumn = 36008;  // file, row, the names
 
 // Result packages and column lists.
 inline constexpr unsigned kUnknownQuantity = 36010;  // position, text

@@ -32,11 +32,7 @@ bool IsTableName(std::wstring_view s) {
   });
 }
 
-std::wstring_view Trim(std::wstring_view s) {
-  while (!s.empty() && (s.front() == L' ' || s.front() == L'\t')) s.remove_prefix(1);
-  while (!s.empty() && (s.back() == L' ' || s.back() == L'\t')) s.remove_suffix(1);
-  return s;
-}
+std::wstring_view Trim(std::wstring_view s) { return str::trim(s); }
 
 std::wstring StepText(std::int32_t step) {
   return step == v7qvi::analysis::kStepNone ? std::wstring(L"any") : str::to_wstring(step);

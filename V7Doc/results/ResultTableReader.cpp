@@ -18,7 +18,8 @@ namespace {
 // megabyte long.
 constexpr std::size_t kMaxQuotedText = 40;
 
-bool IsBlank(char c) { return c == ' ' || c == '\t' || c == '\r'; }
+// Blanks within a row: every blank but the line feed, which ends the row.
+bool IsBlank(char c) { return c != '\n' && str::is_blank(c); }
 
 std::string Excerpt(std::string_view s) {
   if (s.size() <= kMaxQuotedText) return std::string(s);
@@ -67,7 +68,7 @@ struct Field {
 
 Field SplitField(const char* p, const char* end) {
   Field f;
-  while (p < end && (*p == ' ' || *p == '\t')) ++p;
+  while (p < end && IsBlank(*p)) ++p;
   const char* start = p;
   const char* stop;
   if (p < end && *p == '"') {
@@ -255,10 +256,20 @@ gtl::status ReadResultTableHeader(std::string_view text, std::wstring_view file,
   if (auto s = ParseHeader(c, file, h); !s.succeeded()) return s;
   columns.clear();
   if (unknown) unknown->clear();
+  std::wstring names;
   for (std::size_t f = 0; f < h.params.size(); ++f) {
-    if (h.params[f] != static_cast<DataParamType>(qvi::kNone)) columns.push_back(h.params[f]);
-    else if (unknown) unknown->push_back(h.names[f]);
+    if (h.params[f] != static_cast<DataParamType>(qvi::kNone)) {
+      columns.push_back(h.params[f]);
+      continue;
+    }
+    if (unknown) unknown->push_back(h.names[f]);
+    if (f < 8) names += (f ? L", \"" : L"\"") + h.names[f].substr(0, kMaxQuotedText) + L"\"";
+    else if (f == 8) names += L", ...";
   }
+  // A table none of whose columns is a quantity has nothing to read: most
+  // likely not a result table at all, or one with a broken header.
+  if (columns.empty())
+    return gtl::status::error(result_msg::kNoKnownColumn, std::wstring(file), h.line, names);
   return {};
 }
 

@@ -81,7 +81,8 @@ gtl::status ReadResultTableFile(const std::wstring& path, const std::vector<Data
                                 ResultTable& table);
 
 // The quantities the header of `text` names, in header order; names that are
-// no quantity are skipped (and listed in `unknown` when given).
+// no quantity are skipped (and listed in `unknown` when given). A header
+// that names no quantity at all is an error (its names quoted).
 gtl::status ReadResultTableHeader(std::string_view text, std::wstring_view file,
                                   std::vector<DataParamType>& columns,
                                   std::vector<std::wstring>* unknown = nullptr);

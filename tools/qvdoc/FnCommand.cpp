@@ -15,7 +15,6 @@
 #include <cstdio>
 #include <fstream>
 #include <iostream>
-#include <sstream>
 #include <string>
 #include <vector>
 
@@ -24,6 +23,7 @@
 #include "V7Doc/document/QVDocument.h"
 #include "V7Doc/functions/FnDataPoints.h"
 #include "V7Doc/functions/FnEstBase.h"
+#include "V7Doc/functions/FnDataText.h"
 #include "V7Doc/functions/FnEstHydK.h"
 #include "V7Doc/functions/FnImpl.h"
 #include "tools/qvdoc/Commands.h"
@@ -52,6 +52,11 @@ struct FnOptions {
   throw CLI::RuntimeError(kExitFailure);
 }
 
+// Input quoted in a message, its control characters escaped.
+std::string Quoted(const std::string& input) {
+  return "\"" + str::to_utf8(str::escape_controls(str::to_wstring(input))) + "\"";
+}
+
 std::string Number(double v) {
   if (qvi::IsNoValue(v)) return "-";
   char buf[32];
@@ -59,35 +64,24 @@ std::string Number(double v) {
   return buf;
 }
 
-// "x,y;x,y;..." -> points.
-std::vector<v7::FnPoint> ParseData(const std::string& text) {
-  std::vector<v7::FnPoint> pts;
-  std::stringstream rows(text);
-  std::string row;
-  int n = 0;
-  while (std::getline(rows, row, ';')) {
-    ++n;
-    if (str::trim(str::to_wstring(row)).empty()) continue;
-    const auto comma = row.find(',');
-    double x = 0, y = 0;
-    if (comma == std::string::npos || !str::parse(str::to_wstring(row.substr(0, comma)), x) ||
-        !str::parse(str::to_wstring(row.substr(comma + 1)), y))
-      Fail("--data point " + std::to_string(n) + " (\"" + row + "\") is not of the form x,y");
-    pts.push_back({x, y, 0.0});
-  }
-  return pts;
-}
-
 // Tick positions: 1, 2 or 5 times a power of ten, about `want` of them.
+// Ticks are computed by index from the first one, never by adding the step
+// over and over: near 1e17 a step of 2 is below the spacing of doubles and
+// an accumulating loop would never reach the end.
 std::vector<double> NiceTicks(double lo, double hi, int want) {
-  std::vector<double> ticks;
   const double span = hi - lo;
-  if (!(span > 0)) return {lo};
+  if (!(span > 0) || !std::isfinite(span)) return {lo};
   const double raw = span / want;
   const double mag = std::pow(10.0, std::floor(std::log10(raw)));
   const double step = raw / mag < 1.5 ? mag : raw / mag < 3.5 ? 2 * mag : raw / mag < 7.5 ? 5 * mag : 10 * mag;
-  for (double t = std::ceil(lo / step) * step; t <= hi + step * 1e-9; t += step)
+  const double first = std::ceil(lo / step), last = std::floor(hi / step + 1e-9);
+  const double count = last - first + 1;
+  if (!(count >= 1) || count > 4.0 * want) return {lo, hi};
+  std::vector<double> ticks;
+  for (int k = 0; k < static_cast<int>(count); ++k) {
+    const double t = (first + k) * step;
     ticks.push_back(std::abs(t) < step * 1e-9 ? 0.0 : t);
+  }
   return ticks;
 }
 
@@ -111,7 +105,7 @@ void WriteSvg(const FnOptions& o, const v7::IFn& fn, const std::vector<double>& 
   auto py = [&](double y) { return H - B - (y - y0) / (y1 - y0) * (H - T - B); };
 
   std::ofstream out(o.svg);
-  if (!out) Fail("cannot write \"" + o.svg + "\"");
+  if (!out) Fail("cannot write " + Quoted(o.svg));
   char buf[256];
   out << "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"" << W << "\" height=\"" << H
       << "\" font-family=\"sans-serif\" font-size=\"12\">\n"
@@ -125,7 +119,9 @@ void WriteSvg(const FnOptions& o, const v7::IFn& fn, const std::vector<double>& 
   out << buf;
   std::vector<double> xt;
   if (o.logX) {
-    for (double d = std::floor(x0); d <= std::ceil(x1); ++d)
+    // Whole decades, by index (x0 and x1 are log10 of finite numbers).
+    const int d0 = static_cast<int>(std::floor(x0)), d1 = static_cast<int>(std::ceil(x1));
+    for (int d = d0; d <= d1; ++d)
       if (d >= x0 - 1e-9 && d <= x1 + 1e-9) xt.push_back(std::pow(10.0, d));
     if (xt.size() < 2) xt = {xs.front(), xs.back()};
   } else {
@@ -185,14 +181,15 @@ void WriteSvg(const FnOptions& o, const v7::IFn& fn, const std::vector<double>& 
     for (double k : ks)
       if (!qvi::IsNoValue(k) && k > 0) k0 = std::min(k0, k), k1 = std::max(k1, k);
     if (!qvi::IsNoValue(k0)) {
-      const double d0 = std::floor(std::log10(k0)), d1 = std::max(d0 + 1, std::ceil(std::log10(k1)));
+      const int d0 = static_cast<int>(std::floor(std::log10(k0)));
+      const int d1 = std::max(d0 + 1, static_cast<int>(std::ceil(std::log10(k1))));
       auto pk = [&](double k) { return H - B - (std::log10(k) - d0) / (d1 - d0) * (H - T - B); };
-      for (double d = d0; d <= d1; ++d) {
+      for (int d = d0; d <= d1; ++d) {
         std::snprintf(buf, sizeof buf,
                       "<line x1=\"%g\" y1=\"%.2f\" x2=\"%g\" y2=\"%.2f\" stroke=\"black\"/>"
                       "<text x=\"%g\" y=\"%.2f\" fill=\"#c0392b\">1e%g</text>\n",
                       W - R, pk(std::pow(10.0, d)), W - R + 6, pk(std::pow(10.0, d)), W - R + 9,
-                      pk(std::pow(10.0, d)) + 4, d);
+                      pk(std::pow(10.0, d)) + 4, static_cast<double>(d));
         out << buf;
       }
       std::string kpath;
@@ -219,7 +216,7 @@ void WriteSvg(const FnOptions& o, const v7::IFn& fn, const std::vector<double>& 
     out << buf;
   }
   out << "</svg>\n";
-  if (!out) Fail("cannot write \"" + o.svg + "\"");
+  if (!out) Fail("cannot write " + Quoted(o.svg));
 }
 
 // The conductivity estimated from the water-content function `wc` at each
@@ -272,12 +269,13 @@ void Run(const FnOptions& o) {
   if (!o.addins.empty()) qvi::addins::AddInsManager::Instance().SetDocumentFolder(str::to_wstring(o.addins));
   v7::IFn fn;
   const gtl::status s = v7::FnCreate(str::to_wstring(o.text), fn);
-  if (!s.succeeded()) Fail("cannot read the function \"" + o.text + "\": " + s.message_utf8());
+  if (!s.succeeded()) Fail("cannot read the function " + Quoted(o.text) + ": " + s.message_utf8());
   std::vector<v7::FnPoint> data;
   if (!o.data.empty()) {
-    data = ParseData(o.data);
+    if (auto p = v7::ParseFnDataPoints(str::to_wstring(o.data), data); p.failed())
+      Fail("--data: " + p.message_utf8());
     auto* target = dynamic_cast<v7::IFnDataPoints*>(fn.Unshared());
-    if (!target) Fail("the function \"" + o.text + "\" does not take data points (--data)");
+    if (!target) Fail("the function " + Quoted(o.text) + " does not take data points (--data)");
     target->Assign(data.data(), data.data() + data.size());
   }
   if (const gtl::status u = fn.Unshared()->UpdateCalculatedValues(); u.failed())

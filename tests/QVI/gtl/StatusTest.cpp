@@ -25,6 +25,15 @@ TEST(Status, UnknownMessageStillNamesItsArguments) {
   EXPECT_EQ(s.message(), L"message 29999: file.xml, 12");
 }
 
+TEST(Status, ArgumentsAreEscapedWhenShown) {
+  const std::wstring name(L"Hi\0dro\n", 7);
+  const auto s = gtl::status::warning(30001, name, L"AnalysisKind");
+  EXPECT_EQ(s.args()[0], name);  // kept as given; escaped only when shown
+  EXPECT_EQ(s.message().find(L'\0'), std::wstring::npos);
+  EXPECT_NE(s.message().find(L"\"Hi\\x00dro\\n\""), std::wstring::npos) << s.message_utf8();
+  EXPECT_EQ(gtl::status::error(29999, name).message(), L"message 29999: Hi\\x00dro\\n");
+}
+
 TEST(Status, KeepFirstFailure) {
   gtl::status s;
   gtl::keep_first_failure(s, {});

@@ -79,6 +79,41 @@ TEST(Format, FillsArgumentsInOrder) {
   EXPECT_EQ(str::format(L"trailing %", L"x"), L"trailing %");
 }
 
+// One rule for blanks everywhere: characters 9 to 13 and 32, nothing else.
+TEST(Blanks, AreNineToThirteenAndSpace) {
+  for (int c = 0; c < 256; ++c) {
+    const bool blank = c == 32 || (c >= 9 && c <= 13);
+    EXPECT_EQ(str::is_blank(static_cast<wchar_t>(c)), blank) << c;
+    EXPECT_EQ(str::is_blank(static_cast<char>(c)), blank) << c;
+    const std::wstring padded = std::wstring(1, static_cast<wchar_t>(c)) + L"7" +
+                                std::wstring(1, static_cast<wchar_t>(c));
+    EXPECT_EQ(str::trim(padded) == L"7", blank) << c;
+    double d = 0;
+    if (c < '0' || c > '9') {
+      EXPECT_EQ(str::parse(padded, d), blank) << c;
+    }
+  }
+  EXPECT_EQ(str::trim(L"\v\f \t\r\n"), L"");
+}
+
+TEST(EscapeControls, MakesQuotedInputOneReadableLine) {
+  const struct {
+    std::wstring in, out;
+  } cases[] = {
+      {std::wstring(L"a\0b", 3), L"a\\x00b"},
+      {L"tab\there", L"tab\\there"},
+      {L"two\nlines\r", L"two\\nlines\\r"},
+      {L"\v\f\x1B\x7F", L"\\x0B\\x0C\\x1B\\x7F"},
+      {L"\u0085\u009F", L"\\x85\\x9F"},                      // C1 controls
+      {L"C:\\p\\slope \u00E9\u03B1", L"C:\\p\\slope \u00E9\u03B1"},  // kept as it is
+      {L"", L""},
+  };
+  for (const auto& c : cases) {
+    EXPECT_EQ(str::escape_controls(c.in), c.out) << str::to_utf8(c.out);
+    EXPECT_EQ(str::escape_controls(c.out), c.out) << "escaping twice changes nothing";
+  }
+}
+
 TEST(CaseInsensitive, ComparesAsciiOnly) {
   EXPECT_TRUE(str::iequals(L"QVZ", L"qvz"));
   EXPECT_FALSE(str::iequals(L"qvz", L"qv"));

@@ -52,6 +52,32 @@ TEST(Func2D, UpdateDropsTheOpenRowAndMissingPoints) {
   EXPECT_EQ(f.Points(), (std::vector<FnPoint>{{0, 0, 0}, {1, 10, 0}, {2, 20, 0}}));
 }
 
+// Points handed over directly (not through the list's update, which clears
+// them first) with the no-value marker in any coordinate are no data: the
+// curve through the others is the same as if they had never been there.
+TEST(Func2D, UpdateIgnoresPointsWithNoValueAnywhere) {
+  const std::vector<FnPoint> clean = {{0, 0, 0}, {2, 4, 0}, {3, 9, 0}};
+  const std::vector<std::vector<FnPoint>> dirty = {
+      {{0, 0, 0}, {1, kNo, 0}, {2, 4, 0}, {3, 9, 0}},
+      {{0, 0, 0}, {kNo, 1, 0}, {2, 4, 0}, {3, 9, 0}},
+      {{kNo, kNo, 0}, {0, 0, 0}, {2, 4, 0}, {3, 9, 0}},
+      {{0, 0, 0}, {1, 1, kNo}, {2, 4, 0}, {3, 9, 0}},
+  };
+  for (const wchar_t* kind : {L"Linear()", L"Step()", L"Spline()", L"SplineGEZero()"}) {
+    Func2D reference(L"r", L"", Make(kind));
+    reference.Points() = clean;
+    ASSERT_TRUE(reference.UpdateFn().succeeded());
+    for (const auto& pts : dirty) {
+      Func2D f(L"k", L"", Make(kind));
+      f.Points() = pts;
+      f.UpdateFn();
+      for (double x : {0.0, 0.5, 1.0, 1.5, 2.0, 2.5})
+        EXPECT_EQ(f(x), reference(x)) << str::to_utf8(kind) << " at " << x;
+      EXPECT_EQ(f.Fn()->InputRangeNumPoints(), 3) << str::to_utf8(kind);
+    }
+  }
+}
+
 TEST(Func2DTable, UpdatesEveryLiveFunctionAndKnowsItsPairs) {
   Func2DTable t(eFunc2DListType::eHydB);
   for (const wchar_t* name : {L"x", L"y", L"a"}) t.Add(Func2D(name, L"", Make(L"Linear()")));

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <cstdio>
 #include <set>
 
 #include "QVI/str/Convert.h"
@@ -120,6 +121,28 @@ TEST(ResultNames, EarlierGenerationStabilityFiles) {
     if (n.Ext() == L".mrk") continue;  // the marker is not in the map
     EXPECT_EQ(ext::KindByExt(n.Ext()), K::Stab) << str::to_utf8(c.expected);
   }
+}
+
+// Every (step, surface) pair has a name of its own, beyond 99 surfaces too,
+// and surfaces 1 to 99 keep the earlier generation's "%02d" names.
+TEST(ResultNames, NumberedStabilityFilesNeverCollide) {
+  const doc::file::Name project(L"C:\\p\\slope.stz");
+  std::set<std::wstring> seen;
+  for (int step = 0; step <= 30; ++step)
+    for (int surface = 0; surface <= 1200; ++surface) {
+      const std::wstring forces = result::NameForces(project, surface, step);
+      EXPECT_TRUE(seen.insert(forces).second) << "step " << step << " surface " << surface << ": "
+                                              << str::to_utf8(forces);
+      EXPECT_EQ(ext::KindByExt(doc::file::Name(forces).Ext()), K::Stab) << str::to_utf8(forces);
+      if (surface >= 1 && surface <= 99) {
+        wchar_t two[8];
+        std::swprintf(two, 8, L"%02d", surface);
+        const std::wstring stem = step > 0 ? L"slope_" + std::to_wstring(step) : L"slope";
+        EXPECT_EQ(forces, L"C:\\p\\" + stem + two + L".frc");
+      }
+    }
+  EXPECT_NE(result::NameForces(project, 101, 2), result::NameForces(project, 1, 21));
+  EXPECT_EQ(result::NameProbability(project, 101, 2), L"C:\\p\\slope_2-101.pro");
 }
 
 TEST(FileName, SplitsFolderStemAndExtension) {

@@ -113,6 +113,12 @@ TEST(ResultTableReader, HeaderListsKnownQuantities) {
   EXPECT_EQ(cols, (std::vector<P>{P::Node, P::X, P::Y, P::OneDEdgeDataPtID}));
   EXPECT_EQ(unknown, (std::vector<std::wstring>{L"Remark"}));
   EXPECT_EQ(ReadResultTableHeader("", L"h.csv", cols).id(), result_msg::kNoHeader);
+  // A header that names no quantity at all is refused, its names quoted
+  // with their control characters escaped.
+  const gtl::status none = ReadResultTableHeader(std::string("Remark,Na\0me\n1,2\n", 15), L"h.csv", cols, &unknown);
+  EXPECT_EQ(none.id(), result_msg::kNoKnownColumn);
+  EXPECT_NE(none.message().find(L"\"Remark\", \"Na\\x00me\""), std::wstring::npos) << none.message_utf8();
+  EXPECT_EQ(unknown.size(), 2u);
 }
 
 TEST(ResultTableReader, ReadsFilesAndNamesTheMissingOne) {

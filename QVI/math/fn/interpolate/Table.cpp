@@ -37,7 +37,10 @@ void Table::SetLogY(bool b) {
 void Table::Transform() {
   points_.clear();
   for (const Point& p : raw_) {
-    if (!std::isfinite(p.x) || !std::isfinite(p.y)) continue;
+    // The no-value marker is finite, so it is tested apart: a point that
+    // holds it is missing, never data.
+    if (!std::isfinite(p.x) || !std::isfinite(p.y) || qvi::IsNoValue(p.x) || qvi::IsNoValue(p.y))
+      continue;
     if ((bLogX_ && p.x <= 0) || (bLogY_ && p.y <= 0)) continue;
     points_.push_back(p);
   }

@@ -3,10 +3,11 @@
 // Spline): cleaned and sorted points, optional logarithmic axes, and the
 // tails before the first and after the last point.
 //
-// Points with a non-finite coordinate are dropped, and so are points that a
-// logarithmic axis cannot take (x <= 0 on a log input axis, y <= 0 on a log
-// output axis). The rest are sorted by x; of several points with the same x
-// the one given last is kept (a later row of a table corrects an earlier one).
+// Points with a non-finite coordinate or the no-value marker (qvi::kNoValue)
+// are dropped, and so are points that a logarithmic axis cannot take (x <= 0
+// on a log input axis, y <= 0 on a log output axis). The rest are sorted by
+// x; of several points with the same x the one given last is kept (a later
+// row of a table corrects an earlier one).
 //
 // On a logarithmic axis the interpolation runs in log10 of that coordinate,
 // and the tail slopes are slopes in those coordinates.
