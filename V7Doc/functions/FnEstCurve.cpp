@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "QVI/str/Messages.h"
+#include "V7Doc/core/ContainerIDs.h"
 #include "V7Doc/functions/FnAttrCheck.h"
 #include "V7Doc/functions/FnFunc2DTable.h"
 #include "V7Doc/functions/Func2D.h"
@@ -75,8 +76,7 @@ FnEstField EstEnum(FnAttr (*make)(std::int32_t), const meta::MetaEnumCommon& (*t
 }
 
 gtl::status FindWaterContentFn(std::uint32_t num, IFn& fn) {
-  constexpr GID kVolWCFns = 14;
-  const Func2D* f = num <= 0x7FFFFFFFu ? FindFunc2D(kVolWCFns, static_cast<int>(num)) : nullptr;
+  const Func2D* f = num <= 0x7FFFFFFFu ? FindFunc2D(container::VolWCFns, static_cast<int>(num)) : nullptr;
   if (!f || f->Fn().IsUndefined())
     return AttributeError(FnAttrVolWCFnNum(num), str::format(str::load_wstring(33515), num));
   fn = f->Fn();
@@ -88,6 +88,11 @@ FnEstCurve::FnEstCurve(const std::vector<FnEstField>& fields, const wchar_t* inp
     : fields_(&fields), input_(input), output_(output) {
   for (const FnEstField& f : fields) values_.push_back(f.def);
   SyncRange();
+}
+
+void FnEstCurve::GetFnReferences(std::vector<FnReference>& refs) const {
+  const double num = Param(FnAttrVolWCFnNum(0).Name);
+  if (!qvi::IsNoValue(num) && num >= 1) refs.push_back({container::VolWCFns, static_cast<GID>(num)});
 }
 
 void FnEstCurve::SyncRange() {

@@ -19,6 +19,7 @@
 
 #include "QVI/meta/MetaEnumCommon.h"
 #include "V7Doc/functions/FnEstBase.h"
+#include "V7Doc/functions/FnReferences.h"
 
 namespace v7 {
 
@@ -53,10 +54,12 @@ FnEstField EstEnum(FnAttr (*make)(std::int32_t), const meta::MetaEnumCommon& (*t
 // document's water-content list, or the "%s : %s" error naming "VolWCFnNum".
 gtl::status FindWaterContentFn(std::uint32_t num, IFn& fn);
 
-class FnEstCurve : public FnEstBase {
+class FnEstCurve : public FnEstBase, public IFnReferences {
  public:
   gtl::status SetAttributes(const std::vector<FnAttr>& attrs) override;
   void GetDataAttributes(std::vector<FnAttr>& attrs) const override;
+  // The water-content function of a kind that has "VolWCFnNum" (none when 0).
+  void GetFnReferences(std::vector<FnReference>& refs) const override;
 
   std::wstring InputQuantity() const override { return input_; }
   std::wstring OutputQuantity() const override { return output_; }

@@ -2,6 +2,9 @@
 
 #include <algorithm>
 
+#include "QVI/str/Convert.h"
+#include "QVI/str/Messages.h"
+#include "V7Doc/functions/FnAttrCheck.h"
 #include "V7Doc/functions/FnRegistry.h"
 
 namespace v7 {
@@ -17,6 +20,13 @@ const FnKindRegistrar kYVel(L"FnYVel", &CreateFn<FnYVel>);
 FnTimeHistory::FnTimeHistory(const wchar_t* name, DataParamType output) : name_(name) {
   SetInputParam(DataParamType::Time);
   SetOutputParam(output);
+}
+
+gtl::status FnTimeHistory::SetAttributes(const std::vector<FnAttr>& attrs) {
+  for (const FnAttr& a : attrs)
+    if ((a.Name == L"InputParam" || a.Name == L"OutputParam") && str::trim(a.Value).empty())
+      return AttributeError(a, str::load_wstring(33534));
+  return FnLinear::SetAttributes(attrs);
 }
 
 std::vector<FnPoint> IntegrateAcceleration(const std::vector<FnPoint>& acceleration) {

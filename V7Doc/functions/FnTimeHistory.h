@@ -24,6 +24,10 @@ class FnTimeHistory : public FnLinear {
   FnTimeHistory(const wchar_t* name, DataParamType output);
   std::wstring Name() const override { return name_; }
   FnImpl* Clone() const override { return new FnTimeHistory(*this); }
+  // An empty "InputParam" or "OutputParam" is refused: the kind sets both,
+  // so an unset one (which the text leaves out) would come back as the
+  // kind's own after a save.
+  gtl::status SetAttributes(const std::vector<FnAttr>& attrs) override;
 
  private:
   const wchar_t* name_;

@@ -29,7 +29,6 @@ struct FieldTraits;
     /* Not every field reads every trait (clang warns of those unread). */ \
     [[maybe_unused]] static constexpr DOFType kField = DOFType::F;       \
     [[maybe_unused]] static constexpr const wchar_t* kFnNumAttr = FnNumAttr; \
-    [[maybe_unused]] static constexpr GID kFnList = FnList;              \
     [[maybe_unused]] static constexpr std::int32_t kClimateType = ClimateType; \
     [[maybe_unused]] static constexpr XYToType kXY[] = {__VA_ARGS__};    \
   };
