@@ -417,6 +417,29 @@ TEST(WholeDocument, AliasesAndPathExpressionsResolve) {
   EXPECT_TRUE(doc::FindInCurrent(L"QVDocumentGetCurrent().analyses", node).failed());
 }
 
+// "StabPWPCondSource" reads into the analysis's pore-water pressure source
+// and is written once, under that source's own name.
+TEST(WholeDocument, StabPWPCondSourceIsReadIntoTheSourceAndWrittenOnce) {
+  QVDocument doc;
+  doc.DataInit();
+  ANALYSIS a;
+  a.DataInit(AnalysisKind::Stab);
+  a.name = L"Slope";
+  doc.Analyses().Add(a);
+  std::string xml = Xml(doc);
+  const std::string name = "<Name>Slope</Name>";
+  ASSERT_NE(xml.find(name), std::string::npos);
+  xml.insert(xml.find(name) + name.size(), "<StabPWPCondSource>PiezoLine</StabPWPCondSource>");
+  QVDocument back;
+  LoadReport report;
+  ASSERT_TRUE(DocumentFromXml(xml, back, L"mem", &report).succeeded());
+  EXPECT_TRUE(report.warnings.empty());
+  EXPECT_EQ(back.Analyses().At(1).GetStabPWPCondOption(), InitialCondOption::PiezoLine);
+  const std::string again = Xml(back);
+  EXPECT_EQ(again.find("StabPWPCondSource"), std::string::npos);
+  EXPECT_NE(again.find("<InitialCondSource>PiezoLine</InitialCondSource>"), std::string::npos);
+}
+
 // Verify reports a stored value outside its declared traits, naming where,
 // and passes a document whose values were all set through the checks.
 TEST(WholeDocument, VerifyFindsValuesOutsideTheirTraits) {
