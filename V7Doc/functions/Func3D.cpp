@@ -42,23 +42,26 @@ Func3D& Func3D::operator=(Func3D&& other) noexcept {
 
 Func3D::~Func3D() = default;
 
+void Func3D::RefreshRange() {
+  if (!bUpToDate_) return;  // the next update sets it
+  std::vector<FnPoint> defined;
+  GetDefinedPts(defined);
+  UpdateRange(defined);
+}
+
 void Func3D::SetUserMin(double v) {
   fUserMin_ = v;
-  if (bUpToDate_) {
-    std::vector<FnPoint> defined;
-    GetDefinedPts(defined);
-    UpdateRange(defined);
-  }
+  RefreshRange();
 }
 
 void Func3D::SetUserMax(double v) {
   fUserMax_ = v;
-  SetUserMin(fUserMin_);
+  RefreshRange();
 }
 
 void Func3D::SetRangeConstraint(ERangeConstraint c) {
   eRangeConstraint_ = c;
-  SetUserMin(fUserMin_);
+  RefreshRange();
 }
 
 void Func3D::Model(Func3DModel::Func3DModel m) {

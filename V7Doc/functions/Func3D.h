@@ -127,6 +127,9 @@ class Func3D : public Func3DData {
   void Clear();
 
  private:
+  // The output range again, when the surface is up to date (a bound or the
+  // constraint changed).
+  void RefreshRange();
   void UpdateRange(const std::vector<FnPoint>& defined) const;
   void EnsureUpToDate() const;
   gtl::status Update() const;
