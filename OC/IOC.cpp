@@ -10,8 +10,8 @@
 namespace oc {
 namespace {
 constexpr unsigned kMsgOutOfBounds = 31005;
-constexpr unsigned kMsgNotFinite = 31073;
-constexpr unsigned kMsgNulInText = 31075;
+constexpr unsigned kMsgNotFinite = 31063;
+constexpr unsigned kMsgNulInText = 31065;
 
 bool IsCollection(const Member* m) {
   return m && (m->type == ValueType::Array || m->type == ValueType::Table);

@@ -15,8 +15,8 @@ constexpr unsigned kMsgEntryTooLarge = 31024;
 constexpr unsigned kMsgCannotReadEntry = 31025;
 constexpr unsigned kMsgDuplicateEntry = 31026;
 constexpr unsigned kMsgPackageTooLarge = 31046;
-constexpr unsigned kMsgBadCompression = 31070;
-constexpr unsigned kMsgRatioTooHigh = 31071;
+constexpr unsigned kMsgBadCompression = 31060;
+constexpr unsigned kMsgRatioTooHigh = 31061;
 
 struct ZipCloser {
   void operator()(zip_t* z) const { zip_discard(z); }

@@ -34,11 +34,11 @@ constexpr unsigned kMsgDeletedOnRead = 31017;
 constexpr unsigned kMsgRefusedValue = 31032;
 constexpr unsigned kMsgAt = 31040;
 constexpr unsigned kMsgTooManyElements = 31042;
-constexpr unsigned kMsgNotFinite = 31072;
-constexpr unsigned kMsgAfterRoot = 31074;
-constexpr unsigned kMsgIDTooHigh = 31076;
-constexpr unsigned kMsgNotUtf8 = 31077;
-constexpr unsigned kMsgNulReference = 31078;
+constexpr unsigned kMsgNotFinite = 31062;
+constexpr unsigned kMsgAfterRoot = 31064;
+constexpr unsigned kMsgIDTooHigh = 31066;
+constexpr unsigned kMsgNotUtf8 = 31067;
+constexpr unsigned kMsgNulReference = 31068;
 
 // Elements deeper than this are refused: a declaration tree is far
 // shallower, and recursion must stay bounded on hostile input.

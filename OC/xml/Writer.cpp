@@ -26,7 +26,7 @@
 
 namespace oc::xml {
 namespace {
-constexpr unsigned kMsgNulInText = 31075;
+constexpr unsigned kMsgNulInText = 31065;
 
 class Writer {
  public:

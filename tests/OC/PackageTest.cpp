@@ -168,15 +168,15 @@ TEST(Package, RefusedFromTheDirectoryBeforeDecompressing) {
     unsigned expected;  // 0: read
   };
   std::vector<Case> cases = {
-      {"bomb: zeros, deflated", zeros, ZIP_CM_DEFLATE, 31071},
+      {"bomb: zeros, deflated", zeros, ZIP_CM_DEFLATE, 31061},
       {"a table of numbers, deflated", numbers, ZIP_CM_DEFLATE, 0},
       {"small and highly compressed: harmless", std::string(100000, 'a'), ZIP_CM_DEFLATE, 0},
       {"stored", numbers, ZIP_CM_STORE, 0},
   };
   if (zip_compression_method_supported(ZIP_CM_BZIP2, 1))
-    cases.push_back({"bzip2", "x,y\n1,2\n", ZIP_CM_BZIP2, 31070});
+    cases.push_back({"bzip2", "x,y\n1,2\n", ZIP_CM_BZIP2, 31060});
   if (zip_compression_method_supported(ZIP_CM_XZ, 1))
-    cases.push_back({"xz", "x,y\n1,2\n", ZIP_CM_XZ, 31070});
+    cases.push_back({"xz", "x,y\n1,2\n", ZIP_CM_XZ, 31060});
   for (const auto& c : cases) {
     SCOPED_TRACE(c.what);
     const std::wstring path = TempPath("oc_methods.qvz");

@@ -173,7 +173,7 @@ TEST_F(Xml, MalformedInputFailsWithPathAndLineAndLeavesTargetAlone) {
       {"<TestDoc><Layers><Layer><ID>1</ID></Layer><Layer><ID>1</ID></Layer></Layers></TestDoc>", 31008,
        L"Duplicate ID 1 in Layers"},
       {"<TestDoc><Layers><Layer><ID>0</ID></Layer></Layers></TestDoc>", 31009, L"\"0\""},
-      {"<TestDoc><Layers><Layer><ID>4000000000</ID></Layer></Layers></TestDoc>", 31076, L"ID 4000000000 in Layers"},
+      {"<TestDoc><Layers><Layer><ID>4000000000</ID></Layer></Layers></TestDoc>", 31066, L"ID 4000000000 in Layers"},
       {"<TestDoc><Tolerance>1</Tolerance>", 31006, L"line 1"},
       {"<Other/>", 31007, L"\"Other\" where \"TestDoc\""},
       {"", 31006, L""},
