@@ -6,7 +6,7 @@ BUILD_DIR := build/$(PRESET)
 
 DEB_PACKAGES := cmake make g++ pkg-config ccache \
   libgtest-dev libgmock-dev libbenchmark-dev \
-  libpugixml-dev libzip-dev libeigen3-dev libboost-dev libcli11-dev
+  libpugixml-dev libzip-dev libeigen3-dev libboost-dev libcli11-dev libqhull-dev
 # libFuzzer comes with clang; only `make fuzz` needs it.
 ifeq ($(PRESET),fuzz)
 DEB_PACKAGES += clang

@@ -50,6 +50,11 @@ class IOC {
   bool IsDefault() const;
   // True for the "no value" markers: qvi::kNoValue, qvi::kNone, GID 0.
   bool IsUndefined() const;
+  // Checks the value against its data traits: a number within its bounds
+  // (the no-value markers pass), an enumeration one of its table's values.
+  // A record, wrapper or collection checks every value below it. Returns the
+  // first problem, naming where it is below this node.
+  gtl::status Verify() const;
   // Resets to the default (collections become empty).
   gtl::status Clear();
   // Elements of a collection (tables: live records), characters of a text,

@@ -34,6 +34,9 @@ gtl::status Resolve(const IODS& ds, std::wstring_view path, IOC& out, bool tags_
     const PathStep& st = steps[i];
     where += (i ? L"." : L"") + st.name;
     IOC next = tags_only ? cur.GetSubOCByTag(st.name) : cur.GetSubOC(st.name);
+    // A member may be written as a call of its accessor ("GetStabPWPCondOption()").
+    if (!next.IsValid() && !tags_only && st.name.size() > 2 && st.name.ends_with(L"()"))
+      next = cur.GetSubOC(std::wstring_view(st.name).substr(0, st.name.size() - 2));
     if (!next.IsValid() && i == 0 && !tags_only) {
       std::wstring_view alias = st.name;
       if (alias.ends_with(L"()")) alias.remove_suffix(2);

@@ -3,13 +3,12 @@
 //
 // handle_ref_counter is the base of shared objects (documents, functions). Its
 // count is not atomic: an object belongs to one thread. Debug builds record
-// the creating thread and check every count change against it.
+// the creating thread and check every count change against it; release
+// builds record it too (one word), so that both share one layout.
 #include <cassert>
 #include <cstddef>
-#include <utility>
-#ifndef NDEBUG
 #include <thread>
-#endif
+#include <utility>
 
 namespace gtl {
 
@@ -40,9 +39,9 @@ class handle_ref_counter {
 #endif
   }
   mutable std::size_t count_ = 0;
-#ifndef NDEBUG
+  // Kept in every build, checked in debug builds only: the layout of a
+  // shared object must not depend on how its user was compiled.
   std::thread::id owner_ = std::this_thread::get_id();
-#endif
 };
 
 // Management tag: the pointee derives from handle_ref_counter.

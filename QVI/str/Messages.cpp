@@ -16,11 +16,13 @@ constexpr Message kMessages[] = {
 #include "QVI/str/messages/core.def"
 #include "QVI/str/messages/analysis.def"
 #include "QVI/str/messages/functions.def"
+#include "QVI/str/messages/surfaces.def"
 #include "QVI/str/messages/materials.def"
 #include "QVI/str/messages/geometry.def"
 #include "QVI/str/messages/persistence.def"
 #include "QVI/str/messages/results.def"
 #include "QVI/str/messages/tools.def"
+#include "QVI/str/messages/addins.def"
 #undef QVI_MESSAGE
     {0, L""},  // keeps the array non-empty whatever the .def files hold
 };

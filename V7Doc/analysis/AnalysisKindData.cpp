@@ -12,10 +12,22 @@ void EraseMissing(std::vector<T>& v) {
 
 }  // namespace
 
-void HydroData::FullCompact() { EraseMissing(vInitialWaterTables_); }
+void HydroData::FullCompact() {
+  EraseMissing(vInitialWaterTables_);
+  std::vector<GID> renumber;
+  fluxSections_.FullCompact(renumber);
+  // Labels name sections of the same data; a label whose section is gone
+  // goes with it.
+  for (FluxLabel& l : vFluxLabels_) l.nFluxID_ = l.nFluxID_ < renumber.size() ? renumber[l.nFluxID_] : 0;
+  std::erase_if(vFluxLabels_, [](const FluxLabel& l) { return l.nFluxID_ == 0; });
+}
 
 void StabData::FullCompact() {
-  EraseMissing(vSurcharges_);
+  std::vector<GID> renumber;
+  vSurcharges_.FullCompact(renumber);
+  dataPoints_.FullCompact(renumber);
+  reinforcements_.FullCompact(renumber);
+  slipSurfaces_.FullCompact(renumber);
   EraseMissing(vPiezometricLines_);
 }
 

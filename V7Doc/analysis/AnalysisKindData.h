@@ -9,6 +9,8 @@
 
 #include "V7Doc/analysis/AnalysisData.h"
 #include "V7Doc/analysis/AnalysisEnums.h"
+#include "V7Doc/analysis/FlowRecords.h"
+#include "V7Doc/analysis/StabRecords.h"
 #include "V7Doc/analysis/ShakeRecord.h"
 
 namespace v7 {
@@ -27,17 +29,6 @@ class AnalysisDataOf : public AnalysisData {
   }
 };
 
-// A surcharge load on the ground surface of a stability analysis.
-struct SurchargeLoad {
-  std::wstring name_;
-  double fUnitWeight_ = 0;   // weight per unit volume of the surcharge
-  std::vector<GID> vPoints_;  // geometry points of its outline
-  GID fnNum_ = 0;             // stress boundary function of its variation; 0: constant
-  VariationType variation_ = VariationType::Linear;
-  bool bMissing_ = false;     // deleted; squeezed out by FullCompact
-  friend bool operator==(const SurchargeLoad&, const SurchargeLoad&) = default;
-};
-
 // A water table or piezometric line, and the materials it applies to.
 struct WaterTableEntry {
   std::wstring name_;
@@ -50,26 +41,35 @@ struct WaterTableEntry {
 
 struct SoluteData : AnalysisDataOf<SoluteData> {
   std::vector<GID> vSources_;  // boundary conditions that release contaminant
+  std::vector<Particle> vParticles_;          // "Particles[Particle]"
+  std::vector<ParticlePair> vParticlePairs_;  // "ParticlePairs[ParticlePair]"
   void DataInit() override { *this = SoluteData{}; }
   friend bool operator==(const SoluteData& a, const SoluteData& b) {
-    return a.vSources_ == b.vSources_;
+    return a.vSources_ == b.vSources_ && a.vParticles_ == b.vParticles_ &&
+           a.vParticlePairs_ == b.vParticlePairs_;
   }
 };
 
 struct ShakeData : AnalysisDataOf<ShakeData> {
   ShakeEarthquake earthquake_;  // the input motion
+  std::vector<POGHPoint> vHistoryPoints_;  // "POGHPoints[POGHPoint]"
   void DataInit() override { *this = ShakeData{}; }
   friend bool operator==(const ShakeData& a, const ShakeData& b) {
-    return a.earthquake_ == b.earthquake_;
+    return a.earthquake_ == b.earthquake_ && a.vHistoryPoints_ == b.vHistoryPoints_;
   }
 };
 
 struct HydroData : AnalysisDataOf<HydroData> {
   std::vector<WaterTableEntry> vInitialWaterTables_;
+  FLUXTable fluxSections_;            // "FluxSections[FluxSection]"
+  std::vector<FluxLabel> vFluxLabels_;  // "FluxLabels[FluxLabel]"
+  std::vector<FlowPath> vFlowPaths_;    // "FlowPaths[FlowPath]"
   void DataInit() override { *this = HydroData{}; }
   void FullCompact() override;
   friend bool operator==(const HydroData& a, const HydroData& b) {
-    return a.vInitialWaterTables_ == b.vInitialWaterTables_;
+    return a.vInitialWaterTables_ == b.vInitialWaterTables_ &&
+           a.fluxSections_ == b.fluxSections_ && a.vFluxLabels_ == b.vFluxLabels_ &&
+           a.vFlowPaths_ == b.vFlowPaths_;
   }
 };
 
@@ -82,8 +82,16 @@ struct DeformData : AnalysisDataOf<DeformData> {
 };
 
 struct StabData : AnalysisDataOf<StabData> {
-  std::vector<SurchargeLoad> vSurcharges_;
+  SurchargeLoadTable vSurcharges_;  // "SurchargeLoads[SurchargeLoad]"
   std::vector<WaterTableEntry> vPiezometricLines_;
+  DataPointTable dataPoints_;                  // "DataPoints[DataPoint]"
+  ReinforcementTable reinforcements_;          // "Reinforcements[Reinforcement]"
+  std::vector<PressureLine> vPressureLines_;   // "PressureLines[PressureLine]"
+  SLIPTable slipSurfaces_;  // "FullySpecifiedSlipSurfaces[FullySpecifiedSlipSurface]"
+  // "FullySpecFixedPoints[FixedPoint]": points of the fully specified slip
+  // surfaces that optimisation leaves where they are // refers to Points
+  std::vector<GID> vFixedPoints_;
+  std::vector<LineLoadPoint> vLineLoads_;      // "LineLoadPoints[LineLoadPoint]"
   ParamVariation paramVariation_ = ParamVariation::Constant;
   // Monte Carlo trials of a probabilistic analysis; 1000 gives the
   // probability of failure to about +-1.5 % at 5 % (binomial standard error).
@@ -92,6 +100,9 @@ struct StabData : AnalysisDataOf<StabData> {
   void FullCompact() override;
   friend bool operator==(const StabData& a, const StabData& b) {
     return a.vSurcharges_ == b.vSurcharges_ && a.vPiezometricLines_ == b.vPiezometricLines_ &&
+           a.dataPoints_ == b.dataPoints_ && a.reinforcements_ == b.reinforcements_ &&
+           a.vPressureLines_ == b.vPressureLines_ && a.slipSurfaces_ == b.slipSurfaces_ &&
+           a.vFixedPoints_ == b.vFixedPoints_ && a.vLineLoads_ == b.vLineLoads_ &&
            a.paramVariation_ == b.paramVariation_ && a.nNumTrials_ == b.nNumTrials_;
   }
 };

@@ -38,19 +38,6 @@ const RecordType& TypeOf<ShakeEarthquake>() {
 }
 
 template <>
-const RecordType& TypeOf<SurchargeLoad>() {
-  static const RecordType& t = Schema<SurchargeLoad>(L"SurchargeLoad")
-      .Add(&SurchargeLoad::name_, L"name_", L"Name")
-      .Add(&SurchargeLoad::fUnitWeight_, L"fUnitWeight_", L"UnitWeight")
-      .Add(&SurchargeLoad::vPoints_, L"vPoints_", L"DataPoints[DataPoint]", meta::MetaDataTraits{}.Ref(container::Points))
-      .Add(&SurchargeLoad::fnNum_, L"fnNum_", L"FnNum", meta::MetaDataTraits{}.Ref(container::StressBFns))
-      .Add(&SurchargeLoad::variation_, L"variation_", L"Variation")
-      .Add(&SurchargeLoad::bMissing_, L"bMissing_", L"Deleted", meta::MetaDataTraits{}.Flag(meta::MetaDataTraits::Deleted))
-      .Done();
-  return t;
-}
-
-template <>
 const RecordType& TypeOf<WaterTableEntry>() {
   static const RecordType& t = Schema<WaterTableEntry>(L"WaterTableEntry")
       .Add(&WaterTableEntry::name_, L"name_", L"Name")
@@ -66,6 +53,8 @@ template <>
 const RecordType& TypeOf<SoluteData>() {
   static const RecordType& t = Schema<SoluteData>(L"SoluteData")
       .Add(&SoluteData::vSources_, L"vSources_", L"Sources[ID]", meta::MetaDataTraits{}.Ref(container::BCs))
+      .Add(&SoluteData::vParticles_, L"vParticles_", L"Particles[Particle]")
+      .Add(&SoluteData::vParticlePairs_, L"vParticlePairs_", L"ParticlePairs[ParticlePair]")
       .Done();
   return t;
 }
@@ -74,6 +63,7 @@ template <>
 const RecordType& TypeOf<ShakeData>() {
   static const RecordType& t = Schema<ShakeData>(L"ShakeData")
       .Add(&ShakeData::earthquake_, L"earthquake_", L"EarthquakeRecords")
+      .Add(&ShakeData::vHistoryPoints_, L"vHistoryPoints_", L"POGHPoints[POGHPoint]")
       .Done();
   return t;
 }
@@ -82,6 +72,9 @@ template <>
 const RecordType& TypeOf<HydroData>() {
   static const RecordType& t = Schema<HydroData>(L"HydroData")
       .Add(&HydroData::vInitialWaterTables_, L"vInitialWaterTables_", L"InitialWaterTables[InitialWaterTable]")
+      .Add(&HydroData::fluxSections_, L"fluxSections_", L"FluxSections[FluxSection]")
+      .Add(&HydroData::vFluxLabels_, L"vFluxLabels_", L"FluxLabels[FluxLabel]")
+      .Add(&HydroData::vFlowPaths_, L"vFlowPaths_", L"FlowPaths[FlowPath]")
       .Done();
   return t;
 }
@@ -99,6 +92,12 @@ const RecordType& TypeOf<StabData>() {
   static const RecordType& t = Schema<StabData>(L"StabData")
       .Add(&StabData::vSurcharges_, L"vSurcharges_", L"SurchargeLoads[SurchargeLoad]")
       .Add(&StabData::vPiezometricLines_, L"vPiezometricLines_", L"PiezometricLines[PiezometricLine]")
+      .Add(&StabData::dataPoints_, L"dataPoints_", L"DataPoints[DataPoint]")
+      .Add(&StabData::reinforcements_, L"reinforcements_", L"Reinforcements[Reinforcement]")
+      .Add(&StabData::vPressureLines_, L"vPressureLines_", L"PressureLines[PressureLine]")
+      .Add(&StabData::slipSurfaces_, L"slipSurfaces_", L"FullySpecifiedSlipSurfaces[FullySpecifiedSlipSurface]")
+      .Add(&StabData::vFixedPoints_, L"vFixedPoints_", L"FullySpecFixedPoints[FixedPoint]")
+      .Add(&StabData::vLineLoads_, L"vLineLoads_", L"LineLoadPoints[LineLoadPoint]")
       .Add(&StabData::paramVariation_, L"paramVariation_", L"ParameterVariation")
       .Add(&StabData::nNumTrials_, L"nNumTrials_", L"NumTrials", meta::MetaDataTraits{}.Bounds(1, 1e9))
       .Done();

@@ -155,6 +155,11 @@ const RecordType& TypeOf<ANALYSIS>() {
       .Add(&A::initStressOption_, L"initStressOption_", L"InitialStressSource")
       .Add(&A::dynStressOption_, L"dynStressOption_", L"DynamicStressSource")
       .Add(&A::InitPWPCondOption_, L"InitPWPCondOption_", L"InitialCondSource")
+      // A stability analysis's pore-water pressure source is the same
+      // member, named after its accessor: read, and reached by path, but
+      // written once only (as "InitialCondSource"), so that a file cannot
+      // hold two values that disagree.
+      .Add(&A::InitPWPCondOption_, L"GetStabPWPCondOption", L"StabPWPCondSource", legacy)
       .Add(&A::InitThermCondOption_, L"InitThermCondOption_", L"InitialThermCondSource")
       .Add(&A::initVolChangePWPCondOption_, L"initVolChangePWPCondOption_", L"VolChangePWPStartSource")
       .Add(&A::finalPWPCondOption_, L"finalPWPCondOption_", L"VolChangePWPFinalSource")

@@ -32,6 +32,42 @@ struct GeometryUsesBC {
   friend bool operator==(const GeometryUsesBC&, const GeometryUsesBC&) = default;
 };
 
+// "CWLineSideUsesMaterials[...]", "CCWLineSideUsesMaterials[...]": the
+// material of an interface along one side of a line (clockwise or
+// counter-clockwise side, seen from the line's first point).
+struct LineSideUsesMaterial {
+  GID line = 0;      // "LineID" // refers to Lines
+  GID material = 0;  // "MaterialID" // refers to Materials
+  friend bool operator==(const LineSideUsesMaterial&, const LineSideUsesMaterial&) = default;
+};
+
+// "LineUsesBars[LineUsesBar]", "LineUsesBeams[LineUsesBeam]": the
+// structural attribute a line is built with.
+struct LineUsesAttribute {
+  GID line = 0;       // "LineID" // refers to Lines
+  GID attribute = 0;  // "AttributeID" // refers to StructuralBarAttributes or StructuralBeamAttributes
+  friend bool operator==(const LineUsesAttribute&, const LineUsesAttribute&) = default;
+};
+
+// "MaterialUsesPiezs[MaterialUsesPiez]": the piezometric line that gives a
+// material its pore-water pressure in a stability analysis.
+struct MaterialUsesPiez {
+  GID material = 0;  // "MaterialID" // refers to Materials
+  // "PiezID": one-based position in the analysis's piezometric lines
+  // // refers to StabItems (PiezometricLines of the context's analysis)
+  GID piez = 0;
+  friend bool operator==(const MaterialUsesPiez&, const MaterialUsesPiez&) = default;
+};
+
+// "MaterialUsesRuParams[...]", "MaterialUsesBBarParams[...]": a material's
+// pore-pressure ratio ru = u / (gamma h) (Bishop & Morgenstern, 1960) or
+// pore-pressure parameter B-bar = du / dsigma1 (Bishop, 1954).
+struct MaterialUsesParam {
+  GID material = 0;  // "MaterialID" // refers to Materials
+  double value = 0;  // "Value"
+  friend bool operator==(const MaterialUsesParam&, const MaterialUsesParam&) = default;
+};
+
 // The eight BC maps, in the order of the BC slots (DOFType 1 to 8).
 inline constexpr std::size_t kNumBCMaps = 8;
 
@@ -51,6 +87,15 @@ struct Associations {
   std::vector<GeometryUsesBC> xdispBCIDByGGID;
   std::vector<GeometryUsesBC> ydispBCIDByGGID;
   std::vector<GeometryUsesBC> rotBCIDByGGID;
+  // Line and material maps, in the order entered (a reader looks a key up
+  // by a linear search: a context holds a few dozen of them at most).
+  std::vector<LineSideUsesMaterial> cwLineSideMaterials_;
+  std::vector<LineSideUsesMaterial> ccwLineSideMaterials_;
+  std::vector<LineUsesAttribute> lineBars_;
+  std::vector<LineUsesAttribute> lineBeams_;
+  std::vector<MaterialUsesPiez> materialPiezs_;
+  std::vector<MaterialUsesParam> materialRu_;
+  std::vector<MaterialUsesParam> materialBBar_;
 
   // The map of BC slot `dof` (1 to 8); null for any other value.
   std::vector<GeometryUsesBC>* BCMap(int dof);

@@ -52,6 +52,46 @@ const RecordType& TypeOf<GeometryUsesBC>() {
 }
 
 template <>
+const RecordType& TypeOf<LineSideUsesMaterial>() {
+  using T = LineSideUsesMaterial;
+  static const RecordType& t = Schema<T>(L"LineSideUsesMaterial")
+                                   .Add(&T::line, L"line", L"LineID")
+                                   .Add(&T::material, L"material", L"MaterialID")
+                                   .Done();
+  return t;
+}
+
+template <>
+const RecordType& TypeOf<LineUsesAttribute>() {
+  using T = LineUsesAttribute;
+  static const RecordType& t = Schema<T>(L"LineUsesAttribute")
+                                   .Add(&T::line, L"line", L"LineID")
+                                   .Add(&T::attribute, L"attribute", L"AttributeID")
+                                   .Done();
+  return t;
+}
+
+template <>
+const RecordType& TypeOf<MaterialUsesPiez>() {
+  using T = MaterialUsesPiez;
+  static const RecordType& t = Schema<T>(L"MaterialUsesPiez")
+                                   .Add(&T::material, L"material", L"MaterialID")
+                                   .Add(&T::piez, L"piez", L"PiezID")
+                                   .Done();
+  return t;
+}
+
+template <>
+const RecordType& TypeOf<MaterialUsesParam>() {
+  using T = MaterialUsesParam;
+  static const RecordType& t = Schema<T>(L"MaterialUsesParam")
+                                   .Add(&T::material, L"material", L"MaterialID")
+                                   .Add(&T::value, L"value", L"Value")
+                                   .Done();
+  return t;
+}
+
+template <>
 const RecordType& TypeOf<Associations>() {
   using T = Associations;
   static const RecordType& t =
@@ -70,6 +110,15 @@ const RecordType& TypeOf<Associations>() {
           .Add(&T::xdispBCIDByGGID, L"xdispBCIDByGGID", L"GeometryUsesXDispBCs[GeometryUsesXDispBC]")
           .Add(&T::ydispBCIDByGGID, L"ydispBCIDByGGID", L"GeometryUsesYDispBCs[GeometryUsesYDispBC]")
           .Add(&T::rotBCIDByGGID, L"rotBCIDByGGID", L"GeometryUsesRotBCs[GeometryUsesRotBC]")
+          .Add(&T::cwLineSideMaterials_, L"cwLineSideMaterials_",
+               L"CWLineSideUsesMaterials[CWLineSideUsesMaterial]")
+          .Add(&T::ccwLineSideMaterials_, L"ccwLineSideMaterials_",
+               L"CCWLineSideUsesMaterials[CCWLineSideUsesMaterial]")
+          .Add(&T::lineBars_, L"lineBars_", L"LineUsesBars[LineUsesBar]")
+          .Add(&T::lineBeams_, L"lineBeams_", L"LineUsesBeams[LineUsesBeam]")
+          .Add(&T::materialPiezs_, L"materialPiezs_", L"MaterialUsesPiezs[MaterialUsesPiez]")
+          .Add(&T::materialRu_, L"materialRu_", L"MaterialUsesRuParams[MaterialUsesRuParam]")
+          .Add(&T::materialBBar_, L"materialBBar_", L"MaterialUsesBBarParams[MaterialUsesBBarParam]")
           .Done();
   return t;
 }

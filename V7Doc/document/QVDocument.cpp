@@ -102,14 +102,33 @@ bool QVDocument::DataInit() {
   view_ = {};
   eng_ = {};
   display_ = {};
+  ResetSettings();
   meshConstraints_.Clear();
   geometry_.Reset();
   bInitialized_ = true;
   return true;
 }
 
+// The document's own settings and sketch back to those of a new project.
+void QVDocument::ResetSettings() {
+  lastViewed_ = {};
+  viewFont_ = {};
+  window_ = {};
+  customColors_.clear();
+  fileInfo_ = {};
+  userOptions_ = {};
+  sketch_ = {};
+  geometryCommon_ = {};
+  plane_ = {};
+  infElemDef_ = {};
+  pointLabels_.clear();
+  meshGlobalEdgeLength_ = qvi::kNoValue;
+  meshVersion_ = 0;
+}
+
 bool QVDocument::DataFree() {
   strings_.clear();
+  ResetSettings();
   containerManager_.Clear();
   bInitialized_ = false;
   currentResultContour_ = 0;

@@ -10,19 +10,26 @@
 #include "V7Doc/analysis/ANALYSISTable.h"
 #include "V7Doc/analysis/AnalysisKindData.h"
 #include "V7Doc/document/Associations.h"
+#include "V7Doc/document/FileInfo.h"
 #include "V7Doc/core/ContainerIDs.h"
-#include "V7Doc/core/PendingRecords.h"
 #include "V7Doc/core/QVContainerAssoc.h"
 #include "V7Doc/core/QVContainerManager.h"
 #include "V7Doc/functions/Func2D.h"
+#include "V7Doc/functions/Func3D.h"
 #include "V7Doc/geometry/Geometry.h"
+#include "V7Doc/geometry/GeometrySettings.h"
+#include "V7Doc/geometry/MeshConstraint.h"
 #include "V7Doc/materials/BC.h"
 #include "V7Doc/materials/Climate.h"
 #include "V7Doc/materials/MATLTable.h"
+#include "V7Doc/materials/StructuralAttributes.h"
 #include "V7Doc/materials/ThermalSurfaces.h"
 #include "V7Doc/view/EngSettings.h"
 #include "V7Doc/results/ResultTables.h"
+#include "V7Doc/view/Sketch.h"
+#include "V7Doc/view/UserOptions.h"
 #include "V7Doc/view/ViewPreferences.h"
+#include "V7Doc/view/ViewState.h"
 
 namespace v7 {
 class QVDocument;
@@ -83,6 +90,8 @@ class QVDocData : public gtl::handle_ref_counter {
   ResultGraphTable& ResultGraphs() { return resultGraphs_; }
   ResultContourTable& ResultContours() { return resultContours_; }
   ResultSetTable& ResultSets() { return resultSets_; }
+  Func3DTable& Func3Ds() { return func3Ds_; }
+  const Func3DTable& Func3Ds() const { return func3Ds_; }
 
   AnalysisDataByAnalysisID<SoluteData>& SoluteItems() { return soluteItems_; }
   AnalysisDataByAnalysisID<ShakeData>& ShakeItems() { return shakeItems_; }
@@ -100,6 +109,30 @@ class QVDocData : public gtl::handle_ref_counter {
   const QVContainerAssoc<GID>& ExclusiveAnlsIDBySkTextID() const { return anlsIDBySkTextID_; }
   EngSettings& Eng() { return eng_; }
   const EngSettings& Eng() const { return eng_; }
+  StructuralBarAttributeTable& StructuralBarAttributes() { return structuralBarAttributes_; }
+  StructuralBeamAttributeTable& StructuralBeamAttributes() { return structuralBeamAttributes_; }
+  MeshConstraintTable& MeshConstraints() { return meshConstraints_; }
+
+  v7qvi::LastViewed& LastViewed() { return lastViewed_; }
+  v7qvi::ViewFont& ViewFont() { return viewFont_; }
+  v7qvi::WindowPlacement& Window() { return window_; }
+  // The user's own colours, offered beside the standard ones.
+  std::vector<std::uint32_t>& CustomColors() { return customColors_; }
+  FileInfo& FileInformation() { return fileInfo_; }
+  const FileInfo& FileInformation() const { return fileInfo_; }
+  v7qvi::GlobalUserOptions& UserOptions() { return userOptions_; }
+  v7qvi::Sketch& Sketch() { return sketch_; }
+  const v7qvi::Sketch& Sketch() const { return sketch_; }
+  Geom::GeometryCommon& GeometryCommon() { return geometryCommon_; }
+  Geom::GeometryPlane& Plane() { return plane_; }
+  Geom::InfElemDef& InfElemDef() { return infElemDef_; }
+  std::vector<Geom::PointLabel>& PointLabels() { return pointLabels_; }
+  // The mesher's element edge length where no constraint sets one; the
+  // no-value marker lets the mesher choose from the model's extent.
+  double& MeshGlobalEdgeLength() { return meshGlobalEdgeLength_; }
+  // Counts the meshes made of this geometry: results computed on an older
+  // mesh version no longer fit the mesh.
+  std::int32_t& MeshVersion() { return meshVersion_; }
 
  protected:
   // The persistence declaration of the document reaches every collection.
@@ -118,6 +151,19 @@ class QVDocData : public gtl::handle_ref_counter {
   // OnUpdateCalculatedValues).
   std::vector<GID> validAnalyses_;
   std::vector<std::wstring> strings_;
+  v7qvi::LastViewed lastViewed_;
+  v7qvi::ViewFont viewFont_;
+  v7qvi::WindowPlacement window_;
+  std::vector<std::uint32_t> customColors_;
+  FileInfo fileInfo_;
+  v7qvi::GlobalUserOptions userOptions_;
+  v7qvi::Sketch sketch_;
+  Geom::GeometryCommon geometryCommon_;
+  Geom::GeometryPlane plane_;
+  Geom::InfElemDef infElemDef_;
+  std::vector<Geom::PointLabel> pointLabels_;
+  double meshGlobalEdgeLength_ = qvi::kNoValue;
+  std::int32_t meshVersion_ = 0;
 
   Geom::Geometry geometry_;
   MATLTable materials_;
@@ -185,6 +231,7 @@ class QVDocument : public QVDocData, public IQVContainer, public IQVChangeListen
   int UndoFreeMemory() { return containerManager_.UndoFreeMemory(); }
 
  private:
+  void ResetSettings();
   void BindDeclaredReferences();
 };
 

@@ -3,7 +3,7 @@
 #include "OC/Path.h"
 #include "V7Doc/document/QVDocument.h"
 #include "V7Doc/files/DocumentFile.h"
-#include "V7Doc/files/DocumentSchema.h"
+#include "V7Doc/files/DocumentPaths.h"
 
 namespace v7::files {
 namespace {
@@ -21,7 +21,7 @@ gtl::status SetValueInFile(const std::wstring& file, const std::wstring& path,
   if (auto s = LoadDocument(file, doc, &results, &loaded); s.failed()) return s;
   r.warnings = std::move(loaded.warnings);
   oc::IOC node;
-  if (auto s = oc::Find(DocumentStore(doc), path, node); s.failed()) return s;
+  if (auto s = doc::FindInDocument(doc, path, node); s.failed()) return s;
   // A record or a collection has no text of its own to set.
   if (oc::IsArray(node) || node.Type() == oc::ValueType::Struct)
     return gtl::status::error(kMsgNotAValue, path, file);

@@ -17,7 +17,8 @@ struct SetReport {
 };
 
 // Loads `file` (".qvz" or ".xml"), sets the value at `path` (member names,
-// tags or aliases: "analyses[1].Name") from `text`, and saves the file in
+// tags, aliases or a path expression: "analyses[1].Name",
+// "v7::doc::FileInfo().Title") from `text`, and saves the file in
 // place with its result entries. The value is checked as any Set checks it
 // (type, enumeration name, bounds, read-only); a path that names no value,
 // or a value refused, fails and leaves the file untouched.

@@ -39,17 +39,36 @@ const RecordType& TypeOf<QVDocument>() {
       Schema<Doc>(L"QVDocument", MemberwiseOps<Doc>())
           .AddReach(V7_DOC(view_), L"view", L"View.Preferences")
           .AddReach(V7_DOC(currentResultContour_), L"gidCurrentDefineContour", L"View.CurrentDefineContour")
+          .AddReach(V7_DOC(lastViewed_.analysis_), L"analysisLastViewed", L"View.AnalysisLastViewed")
+          .AddReach(V7_DOC(lastViewed_.mode_), L"modeLastViewed", L"View.ModeLastViewed")
+          .AddReach(V7_DOC(lastViewed_.resultTime_), L"resultTimeLastViewed", L"View.ResultTimeLastViewed")
+          .AddReach(V7_DOC(lastViewed_.baseTime_), L"baseTimeLastViewed", L"View.BaseTimeLastViewed")
+          .AddReach(V7_DOC(lastViewed_.bTimeStepsForCurrentAnalysisOnly_), L"bTimeStepsForCurrentAnalysisOnly",
+                    L"View.TimeStepsForCurrentAnalysisOnly")
+          .AddReach(V7_DOC(customColors_), L"customColors", L"View.CustomColors[Color]")
+          .AddReach(V7_DOC(viewFont_), L"viewFont", L"View.Font")
+          .AddReach(V7_DOC(window_), L"wnd", L"View.Window")
+          .AddReach(V7_DOC(pointLabels_), L"pointAssocDisp", L"View.PointLabel[Point]")
+          .AddReach(V7_DOC(fileInfo_), L"fileInfo", L"FileInfo")
+          .AddReach(V7_DOC(userOptions_), L"globalUserOptions", L"UserOptions")
           .AddReach(V7_DOC(display_), L"page", L"Coordinates.PageCoords")
           .AddReach(V7_DOC(eng_), L"eng", L"Coordinates.EngCoords")
+          .AddReach(V7_DOC(geometryCommon_), L"geometry", L"GeometryItems.Common")
+          .AddReach(V7_DOC(plane_), L"plane", L"GeometryItems.Plane")
           .AddReach(V7_DOC(geometry_.Points()), L"points", L"GeometryItems.Points[Point]")
           .AddReach(V7_DOC(geometry_.Lines()), L"lines", L"GeometryItems.Lines[Lines]")
           .AddReach(V7_DOC(geometry_.Regions()), L"regions", L"GeometryItems.Regions[Region]", Held(container::Regions))
           .AddReach(V7_DOC(geometry_.Surfaces()), L"surface", L"GeometryItems.Surfaces[Surface]", Held(container::Surface))
           .AddReach(V7_DOC(meshConstraints_), L"meshConstraintAssoc", L"GeometryItems.Mesh.Constraints[GGID]")
+          .AddReach(V7_DOC(meshGlobalEdgeLength_), L"meshGlobalEdgeLength", L"GeometryItems.Mesh.GlobalEdgeLength",
+                    meta::MetaDataTraits{}.Bounds(0, qvi::kNoValue).Units(L"m"))
+          .AddReach(V7_DOC(meshVersion_), L"meshVersion", L"GeometryItems.Mesh.Version",
+                    meta::MetaDataTraits{}.Bounds(0, 2147483646))
           .AddReach(V7_DOC(geometry_.Mesh().Nodes()), L"hNodeMem", L"Items.Nodes[N]")
           .AddReach(V7_DOC(geometry_.Mesh().Elements()), L"hElemMem", L"MeshItems.Elements[EL]")
           .AddReach(V7_DOC(geometry_.Mesh().Elements1D()), L"elem1Ds", L"MeshItems.Elements1D[EL1D]")
           .AddReach(V7_DOC(geometry_.Mesh().NodePairs()), L"hNodePairMem", L"MeshItems.NodePairs[NodePair]")
+          .AddReach(V7_DOC(infElemDef_), L"infElemDef", L"MeshItems.InfiniteElements")
           .AddReach(V7_DOC(materials_), L"hMatlMem", L"Materials[Material]", Held(container::Materials))
           .AddReach(V7_DOC(bcs_), L"boundaryConditions", L"BCs[BC]", Held(container::BCs))
           .AddReach(V7_DOC(structuralBarAttributes_), L"structuralBarAttributes", L"BarAttributes[BarAttribute]")
@@ -57,6 +76,7 @@ const RecordType& TypeOf<QVDocument>() {
           .AddReach(V7_DOC(analyses_), L"analyses", L"Analyses[Analysis]", Held(container::Analyses))
           .AddReach(V7_DOC(contexts_), L"anlsAssocs", L"Contexts[Context]", Held(container::Contexts))
           .AddReach(V7_DOC(anlsIDBySkTextID_), L"exclusiveAnlsIDbySkTextID", L"AnalysisUsesSketchTexts[AnalysisUsesSketchText]", Held(container::AnlsIDBySkTextID).Ref(container::Analyses))
+          .AddReach(V7_DOC(sketch_), L"sketchItems", L"SketchItems")
           .AddReach(&FnList<11>, L"HKFns", L"Functions.Material.Hydraulic.KFns[KFn]")
           .AddReach(&FnList<12>, L"TKTempFns", L"Functions.Material.Thermal.KFnTemps[KFnTemp]")
           .AddReach(&FnList<13>, L"DifFns", L"Functions.Material.Contaminant.DiffusionFns[DiffusionFn]")
@@ -124,15 +144,26 @@ namespace v7::files {
 namespace {
 constexpr unsigned kMsgBadDeclarations = 31037;
 
-// Qualified aliases of the declared top-level members. Aliases of members
-// the document does not hold yet ("fileInfo", the view state last
-// used) join with those members.
+// Qualified aliases of the top-level members.
 struct AliasEntry {
   const wchar_t* alias;
   const wchar_t* member;
 };
 constexpr AliasEntry kAliases[] = {
     {L"v7::doc::Analyses", L"analyses"},
+    {L"doc::Analyses", L"analyses"},
+    {L"v7::doc::View::AnalysisLastViewed", L"analysisLastViewed"},
+    {L"v7::doc::View::ModeLastViewed", L"modeLastViewed"},
+    {L"v7::doc::View::ResultTimeLastViewed", L"resultTimeLastViewed"},
+    {L"v7::doc::View::BaseTimeLastViewed", L"baseTimeLastViewed"},
+    {L"defdoc::View::TimeStepsForCurrentAnalysisOnly", L"bTimeStepsForCurrentAnalysisOnly"},
+    {L"doc::FileInfo", L"fileInfo"},
+    {L"defdoc::FileInfo", L"fileInfo"},
+    {L"doc::View::Font", L"viewFont"},
+    {L"doc::View::Window", L"wnd"},
+    {L"v7::doc::Geometry::Manager", L"geometry"},
+    {L"v7::doc::Geometry::PointAssocDisp", L"pointAssocDisp"},
+    {L"v7::doc::Sketch", L"sketchItems"},
     {L"v7::doc::AssociationsTable", L"anlsAssocs"},
     {L"doc::BCs", L"boundaryConditions"},
     {L"doc::Climate", L"climateData"},

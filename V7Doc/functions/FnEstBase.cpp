@@ -9,12 +9,15 @@
 namespace v7 {
 
 double FnEstBase::Calculate(const double* x, const double*) const {
-  if (IsEmpty() || !x || std::isnan(*x)) return qvi::kNoValue;
-  const double s = *x < 0 ? -*x : 0.0;
-  const auto& pts = Points();
-  if (s <= pts.front().x) return pts.front().y;
-  if (s >= pts.back().x) return pts.back().y;
-  return Linear::operator()(s);
+  if (!x) return qvi::kNoValue;
+  double s = *x;
+  if (suction_) s = s < 0 ? -s : s >= 0 ? 0.0 : s;  // NaN stays NaN: no value
+  // Slope-0 tails continue the end values beyond the points.
+  const double y = Linear::operator()(s);
+  if (!qvi::IsNoValue(y) || IsEmpty() || std::isnan(s)) return y;
+  // An input the log axis cannot take (zero): the value at the first point,
+  // by the same path as the point itself, so that both agree to the bit.
+  return Linear::operator()(Points().front().x);
 }
 
 gtl::status FnEstBase::EstimateError(const std::wstring& reason) const {
@@ -29,16 +32,24 @@ std::vector<double> FnEstBase::LogSpaced(double lo, double hi, std::uint32_t n) 
   return s;
 }
 
+gtl::status FnEstBase::Tabulate(std::vector<double>& xs, std::vector<double>& ys) const {
+  if (!(min_ > 0) || !(max_ > min_) || qvi::IsNoValue(max_) || numPoints_ < 2 || numPoints_ > kMaxPoints)
+    return EstimateError(str::format(str::load_wstring(33514), kMaxPoints));
+  xs = LogSpaced(min_, max_, numPoints_);
+  return Generate(xs, ys);
+}
+
 gtl::status FnEstBase::UpdateCalculatedValues() {
   FnDataPoints::points_.clear();
   OnPointsChanged();
-  if (!(min_ > 0) || !(max_ > min_) || qvi::IsNoValue(max_) || numPoints_ < 2 || numPoints_ > kMaxPoints)
-    return lastError_ = EstimateError(str::format(str::load_wstring(33514), kMaxPoints));
-  const std::vector<double> suctions = LogSpaced(min_, max_, numPoints_);
-  std::vector<double> values;
-  if (gtl::status s = Generate(suctions, values); !s.succeeded()) return lastError_ = s;
-  // Ascending pore-water pressure: from -Max up to -Min.
-  for (std::size_t i = suctions.size(); i-- > 0;) FnDataPoints::points_.push_back({-suctions[i], values[i], 0.0});
+  std::vector<double> xs, ys;
+  if (gtl::status s = Tabulate(xs, ys); !s.succeeded()) return lastError_ = s;
+  if (SuctionInput()) {
+    // Ascending pore-water pressure: from -Max up to -Min.
+    for (std::size_t i = xs.size(); i-- > 0;) FnDataPoints::points_.push_back({-xs[i], ys[i], 0.0});
+  } else {
+    for (std::size_t i = 0; i < xs.size(); ++i) FnDataPoints::points_.push_back({xs[i], ys[i], 0.0});
+  }
   OnPointsChanged();
   return lastError_ = {};
 }
@@ -47,12 +58,18 @@ void FnEstBase::OnPointsChanged() {
   std::vector<math::fn::interpolate::Point> table;
   table.reserve(FnDataPoints::points_.size());
   bool positive = true;
+  const bool suction = SuctionInput(), logX = LogInput();
   for (const FnPoint& p : FnDataPoints::points_) {
-    if (p.HasMissing() || !(p.x < 0)) continue;  // only suctions have a place on the log axis
-    table.push_back({-p.x, p.y});
+    if (p.HasMissing()) continue;
+    const double x = suction ? -p.x : p.x;
+    if (logX && !(x > 0)) continue;  // only positive inputs have a place on the log axis
+    table.push_back({x, p.y});
     positive = positive && p.y > 0;
   }
-  SetLogX(true);
+  suction_ = suction;
+  SetTailBefore(math::fn::TailType::Slope(0));
+  SetTailAfter(math::fn::TailType::Slope(0));
+  SetLogX(logX);
   SetLogY(LogOutput() && positive);
   Linear::Assign(table);
 }

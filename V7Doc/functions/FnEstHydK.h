@@ -57,6 +57,7 @@ class FnEstHydK : public FnEstBase {
   static constexpr int kTablePoints = 50;
 
   std::wstring Name() const override { return TypeName(); }
+  std::wstring OutputQuantity() const override { return L"Hydraulic conductivity"; }
   FnImpl* Clone() const override { return new FnEstHydK(*this); }
   gtl::status SetAttributes(const std::vector<FnAttr>& attrs) override;
   // "VolWCFnNum", "HydKSat", "HydKEstMethod", "Max", "Min", "NumPoints", "ResWC".

@@ -49,6 +49,7 @@ class FnEstVolWC : public FnEstBase {
   static const wchar_t* TypeName() { return L"FnEstVolWC"; }
 
   std::wstring Name() const override { return TypeName(); }
+  std::wstring OutputQuantity() const override { return L"Volumetric water content"; }
   FnImpl* Clone() const override { return new FnEstVolWC(*this); }
   gtl::status SetAttributes(const std::vector<FnAttr>& attrs) override;
   // "VolWCEstMethod", "SampleMatlVolWC", "SatWC", "LiqLimit", "D10", "D60",

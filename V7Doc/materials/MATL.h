@@ -13,6 +13,7 @@
 #include "QVI/gtl/status.h"
 #include "V7Doc/core/GID.h"
 #include "V7Doc/functions/FnImpl.h"
+#include "V7Doc/materials/ExternalMatlModel.h"
 #include "V7Doc/materials/MatlEnums.h"
 #include "V7Doc/materials/RecordMembers.h"
 
@@ -239,21 +240,6 @@ struct STRESS_PROPERTIES {
   const IFn& fnStabPhi(StabMatlModel owner) const;
 
   friend bool operator==(const STRESS_PROPERTIES&, const STRESS_PROPERTIES&) = default;
-};
-
-// A material's add-in model: the type within the add-in assembly and its
-// fields as "name=value" pairs.
-struct ExternalMatlModel {
-  std::wstring Name_;
-  std::wstring Assembly_;
-  std::wstring Fields_;
-  const std::wstring& Name() const { return Name_; }
-  const std::wstring& Assembly() const { return Assembly_; }
-  const std::wstring& Fields() const { return Fields_; }
-  void SetName(const std::wstring& v) { Name_ = v; }
-  void SetAssembly(const std::wstring& v) { Assembly_ = v; }
-  void SetFields(const std::wstring& v) { Fields_ = v; }
-  friend bool operator==(const ExternalMatlModel&, const ExternalMatlModel&) = default;
 };
 
 class MATL {

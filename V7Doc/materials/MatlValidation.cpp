@@ -94,10 +94,9 @@ void TestSurchargeLoadForWTWeight(const QVDocument& document, GID analysis,
   if (a.kind != AnalysisKind::Stab) return;
   const StabData* data = document.StabItems().Find(analysis);
   if (!data) return;
-  const auto live = [](const auto& v) {
-    return std::count_if(v.begin(), v.end(), [](const auto& e) { return !e.bMissing_; });
-  };
-  if (live(data->vSurcharges_) == 0 || live(data->vPiezometricLines_) == 0) return;
+  const auto live = std::count_if(data->vPiezometricLines_.begin(), data->vPiezometricLines_.end(),
+                                  [](const auto& e) { return !e.bMissing_; });
+  if (data->vSurcharges_.begin() == data->vSurcharges_.end() || live == 0) return;
 
   const auto& points = document.Geometry().Points();
   const auto coordinates = [&](const std::vector<GID>& ids, const std::wstring& surcharge,
@@ -114,7 +113,6 @@ void TestSurchargeLoadForWTWeight(const QVDocument& document, GID analysis,
   };
 
   for (const SurchargeLoad& s : data->vSurcharges_) {
-    if (s.bMissing_) continue;
     const auto outline = coordinates(s.vPoints_, s.name_, true);
     if (outline.empty()) continue;
     for (const WaterTableEntry& w : data->vPiezometricLines_) {

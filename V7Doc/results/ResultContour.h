@@ -62,8 +62,6 @@ inline void SetMissing(ResultContour& r) {
   r.bDeleted_ = true;
 }
 
-using ResultContourTable = QVContainerTable<ResultContour>;
-
 }  // namespace v7
 
 template <>

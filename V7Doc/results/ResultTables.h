@@ -13,8 +13,28 @@
 
 namespace v7 {
 
-class ResultSetTable : public QVContainerTable<ResultSet> {};
+// The named table types of the result descriptions: plain tables whose IDs
+// are the slot positions.
+template <class T>
+class TQVContainerTableResultSet : public QVContainerTable<T> {
+ public:
+  TQVContainerTableResultSet() = default;
+};
+template <class T>
+class TQVContainerTableResultContour : public QVContainerTable<T> {
+ public:
+  TQVContainerTableResultContour() = default;
+};
+template <class T>
+class TQVContainerTableResultGraph : public QVContainerTable<T> {
+ public:
+  TQVContainerTableResultGraph() = default;
+};
 
-class ResultGraphTable : public QVContainerTable<ResultGraph> {};
+class ResultSetTable : public TQVContainerTableResultSet<ResultSet> {};
+
+class ResultContourTable : public TQVContainerTableResultContour<ResultContour> {};
+
+class ResultGraphTable : public TQVContainerTableResultGraph<ResultGraph> {};
 
 }  // namespace v7

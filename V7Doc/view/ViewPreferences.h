@@ -1,6 +1,9 @@
 #pragma once
 // View and display settings stored with the document.
 #include <string>
+#include <vector>
+
+#include "V7Doc/view/ViewState.h"
 
 namespace v7::v7qvi {
 
@@ -10,6 +13,7 @@ struct ViewPreferences {
   bool bShowMesh = true;
   bool bShowAxes = true;
   double fFontSize = 8.0;  // points
+  std::vector<VectorDef> vVectorDefs;  // "VectorDefs[VectorDef]"
   friend bool operator==(const ViewPreferences&, const ViewPreferences&) = default;
 };
 

@@ -12,6 +12,7 @@ const RecordType& TypeOf<ViewPreferences>() {
       .Add(&ViewPreferences::bShowMesh, L"bShowMesh", L"Mesh")
       .Add(&ViewPreferences::bShowAxes, L"bShowAxes", L"ShowAxes")
       .Add(&ViewPreferences::fFontSize, L"fFontSize", L"FontSize", meta::MetaDataTraits{}.Bounds(1, 1000).Units(L"pt"))
+      .Add(&ViewPreferences::vVectorDefs, L"vVectorDefs", L"VectorDefs[VectorDef]")
       .Done();
   return t;
 }

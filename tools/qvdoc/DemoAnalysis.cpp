@@ -57,8 +57,8 @@ bool ShowAnalyses(DemoContext& c) {
   stab.DataInit(v7::AnalysisKind::Stab, v7::AnlsMethod::MorgensternPrice, drawdownID);
   stab.name = L"Slope stability after drawdown";
   const GID stabID = table.Add(stab).ID();
-  doc.StabItems().Get(stabID).vSurcharges_.push_back(
-      {L"Road fill", 20.0, {}, 0, v7::VariationType::Linear, false});
+  doc.StabItems().Get(stabID).vSurcharges_.Add(
+      v7::SurchargeLoad{0, L"Road fill", 20.0, {}, 0, v7::VariationType::Linear});
 
   out << "Analyses of the sample project:\n";
   for (GID id : {steadyID, drawdownID, stabID}) PrintAnalysis(out, table, id);

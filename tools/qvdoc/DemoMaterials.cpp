@@ -77,7 +77,7 @@ bool Materials(DemoContext& c) {
       scratch.Contexts().ContextFor(stab).SetRegionMaterial(region, material);
     }
     StabData& data = scratch.StabItems().Get(stab);
-    data.vSurcharges_.push_back({L"Berm fill", 18, {1, 2, 3, 4}, 0, VariationType::Linear, false});
+    data.vSurcharges_.Add(SurchargeLoad{0, L"Berm fill", 18, {1, 2, 3, 4}, 0, VariationType::Linear});
     data.vPiezometricLines_.push_back({L"PL 1", {5, 6}, {}, InputDefinition::Define, false});
     std::vector<gtl::status> statuses;
     TestStabMaterialModels(scratch.Materials(), scratch.Analyses(), stab, statuses);

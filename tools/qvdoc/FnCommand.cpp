@@ -5,6 +5,11 @@
 // --suction takes the inputs as suctions (evaluating at minus the input), and
 // --conductivity KSAT adds the hydraulic conductivity estimated from the
 // function (FnEstHydK) as a third column, drawn on a logarithmic right axis.
+//
+// Estimators (FnEst...) are updated before evaluation and their axes are
+// labelled with the quantities they estimate; those that read a
+// water-content function by number ("VolWCFnNum=1") find the one given with
+// --wc as function 1 of a scratch document.
 #include <algorithm>
 #include <cmath>
 #include <cstdio>
@@ -14,12 +19,15 @@
 #include <string>
 #include <vector>
 
+#include "QVI/qvi/addins/AddInsManager.h"
 #include "QVI/str/Convert.h"
 #include "V7Doc/document/QVDocument.h"
 #include "V7Doc/functions/FnDataPoints.h"
+#include "V7Doc/functions/FnEstBase.h"
 #include "V7Doc/functions/FnEstHydK.h"
 #include "V7Doc/functions/FnImpl.h"
 #include "tools/qvdoc/Commands.h"
+#include "tools/qvdoc/Svg.h"
 
 namespace qvdoc {
 namespace {
@@ -35,6 +43,8 @@ struct FnOptions {
   double kSat = 0;          // > 0: estimate the conductivity too
   std::string hydkMethod = "VanGenuchten";
   double resWC = 0;
+  std::string wc;           // water-content function for estimators that name one
+  std::string addins;       // a folder searched for add-ins ("External")
 };
 
 [[noreturn]] void Fail(const std::string& message) {
@@ -81,18 +91,6 @@ std::vector<double> NiceTicks(double lo, double hi, int want) {
   return ticks;
 }
 
-std::string Escape(const std::string& s) {
-  std::string out;
-  for (char c : s) {
-    if (c == '<') out += "&lt;";
-    else if (c == '>') out += "&gt;";
-    else if (c == '&') out += "&amp;";
-    else if (c == '"') out += "&quot;";
-    else out += c;
-  }
-  return out;
-}
-
 void WriteSvg(const FnOptions& o, const v7::IFn& fn, const std::vector<double>& xs,
               const std::vector<double>& ys, const std::vector<v7::FnPoint>& data,
               const std::vector<double>& ks) {
@@ -119,7 +117,7 @@ void WriteSvg(const FnOptions& o, const v7::IFn& fn, const std::vector<double>& 
       << "\" font-family=\"sans-serif\" font-size=\"12\">\n"
       << "<rect width=\"100%\" height=\"100%\" fill=\"white\"/>\n"
       << "<text x=\"" << W / 2 << "\" y=\"28\" text-anchor=\"middle\" font-size=\"14\">"
-      << Escape(o.text) << "</text>\n";
+      << SvgEscape(o.text) << "</text>\n";
   // Frame, grid and ticks.
   std::snprintf(buf, sizeof buf,
                 "<rect x=\"%g\" y=\"%g\" width=\"%g\" height=\"%g\" fill=\"none\" stroke=\"black\"/>\n", L,
@@ -152,15 +150,22 @@ void WriteSvg(const FnOptions& o, const v7::IFn& fn, const std::vector<double>& 
     out << buf;
   }
   // Axis labels: the function's quantities when it names them.
-  const auto label = [](v7::DataParamType p, const char* fallback) {
-    return p == v7::DataParamType::Undefined ? std::string(fallback) : str::to_utf8(meta::ToName(p));
+  // Axis labels: the function's quantities when it names them, else what an
+  // estimator says it estimates.
+  const auto* est = dynamic_cast<const v7::FnEstBase*>(fn.get());
+  const auto label = [](v7::DataParamType p, std::string fallback) {
+    return p == v7::DataParamType::Undefined ? fallback : str::to_utf8(meta::ToName(p));
   };
+  const std::string xName = o.suction ? std::string("Suction")
+                            : est     ? str::to_utf8(est->InputQuantity())
+                                      : std::string("x");
+  const std::string yName = est && !est->OutputQuantity().empty() ? str::to_utf8(est->OutputQuantity())
+                            : o.suction                             ? std::string("Volumetric water content")
+                                                                    : std::string("y");
   out << "<text x=\"" << (L + W - R) / 2 << "\" y=\"" << H - 18 << "\" text-anchor=\"middle\">"
-      << Escape(o.suction ? std::string("Suction") : label(fn->InputParam(), "x")) << (o.logX ? " (log scale)" : "")
-      << "</text>\n";
-  out << "<text transform=\"translate(20," << (T + H - B) / 2
-      << ") rotate(-90)\" text-anchor=\"middle\">" << Escape(label(fn->OutputParam(), o.suction ? "Volumetric water content" : "y"))
-      << "</text>\n";
+      << SvgEscape(label(fn->InputParam(), xName)) << (o.logX ? " (log scale)" : "") << "</text>\n";
+  out << "<text transform=\"translate(20," << (T + H - B) / 2 << ") rotate(-90)\" text-anchor=\"middle\">"
+      << SvgEscape(label(fn->OutputParam(), yName)) << "</text>\n";
   // The curve, broken where the function has no value.
   std::string path;
   bool pen = false;
@@ -247,6 +252,24 @@ void Run(const FnOptions& o) {
     Fail("--from and --to must be two different finite numbers");
   if (o.logX && (o.from <= 0 || o.to <= 0)) Fail("--log-x needs --from and --to above zero");
 
+  // A scratch current document holding the --wc function as water-content
+  // function 1, for the estimators that read one by number.
+  const v7::QVDocumentHandle previous = v7::QVDocumentGetCurrentHandle();
+  if (!o.wc.empty()) {
+    v7::IFn wc;
+    if (const gtl::status w = v7::FnCreate(str::to_wstring(o.wc), wc); !w.succeeded())
+      Fail("cannot read the water-content function \"" + o.wc + "\": " + w.message_utf8());
+    v7::QVDocumentHandle doc(new v7::QVDocument());
+    doc->DataInit();
+    doc->FunctionList(14)->Add(v7::Func2D(L"water content", L"", wc));
+    v7::QVDocumentSetCurrentHandle(doc);
+  }
+  struct Restore {
+    v7::QVDocumentHandle previous;
+    ~Restore() { v7::QVDocumentSetCurrentHandle(previous); }
+  } restore{previous};
+
+  if (!o.addins.empty()) qvi::addins::AddInsManager::Instance().SetDocumentFolder(str::to_wstring(o.addins));
   v7::IFn fn;
   const gtl::status s = v7::FnCreate(str::to_wstring(o.text), fn);
   if (!s.succeeded()) Fail("cannot read the function \"" + o.text + "\": " + s.message_utf8());
@@ -267,6 +290,10 @@ void Run(const FnOptions& o) {
                    : o.from + t * (o.to - o.from);
     ys[i] = fn(o.suction ? -xs[i] : xs[i]);
   }
+  // A function without a single value says why, when it knows (an add-in
+  // that could not be loaded).
+  if (const gtl::status e = fn->LastError(); e.failed() && std::all_of(ys.begin(), ys.end(), qvi::IsNoValue))
+    Fail("the function has no value at any input: " + e.message_utf8());
   std::vector<double> ks;
   if (o.kSat > 0) ks = EstimateConductivity(o, fn, xs);
   std::cout << "# " << str::to_utf8(fn.as_wstring()) << "\n";
@@ -304,6 +331,9 @@ void AddFnCommand(CLI::App& app) {
       ->capture_default_str();
   cmd->add_option("--res-wc", o->resWC, "Residual water content for the VanGenuchten method")
       ->capture_default_str();
+  cmd->add_option("--wc", o->wc,
+                  "Water-content function (text) that estimators read as function number 1 (VolWCFnNum=1)");
+  cmd->add_option("--addins", o->addins, "A folder searched for the add-ins of External functions");
   cmd->callback([o] { Run(*o); });
 }
 

@@ -1,12 +1,13 @@
 // `qvdoc get FILE PATH`: prints one value of a document, addressed by member
-// names, persisted tags or an alias ("analyses[1].Name",
-// "v7::doc::Analyses[1].Name").
+// names, persisted tags, an alias or a path expression ("analyses[1].Name",
+// "v7::doc::Analyses[1].Name", "doc::Analyses()[OC_INDEX1].Name --index 1").
 #include <iostream>
 #include <memory>
+#include <optional>
 
 #include "OC/Path.h"
 #include "QVI/str/Convert.h"
-#include "V7Doc/files/DocumentSchema.h"
+#include "V7Doc/files/DocumentPaths.h"
 #include "tools/qvdoc/Commands.h"
 #include "tools/qvdoc/DocumentCommon.h"
 
@@ -19,11 +20,15 @@ void AddGetCommand(CLI::App& app) {
   auto path = std::make_shared<std::string>();
   cmd->add_option("FILE", *file, "The project or document")->required();
   cmd->add_option("PATH", *path, "The value's path, e.g. analyses[1].Name")->required();
-  cmd->callback([file, path] {
+  auto index = std::make_shared<std::uint64_t>(0);
+  auto* index_opt = cmd->add_option("--index", *index, "The analysis that OC_INDEX1 in PATH stands for");
+  cmd->callback([file, path, index, index_opt] {
     v7::QVDocument doc;
     LoadOrFail("get", *file, doc);
     oc::IOC node;
-    if (auto s = oc::Find(v7::files::DocumentStore(doc), str::to_wstring(*path), node); s.failed())
+    std::optional<std::uint64_t> index1;
+    if (index_opt->count()) index1 = *index;
+    if (auto s = v7::doc::FindInDocument(doc, str::to_wstring(*path), node, index1); s.failed())
       FailWith("get", s.message());
     if (oc::IsScalar(node.Type())) {
       std::cout << str::to_utf8(oc::PrettyPrintValue(node)) << "\n";

@@ -16,8 +16,10 @@ struct KindDataInDocument : ::testing::Test {
     for (int i = 0; i < 4; ++i) doc.Materials().Add(MATL{});
     for (int i = 0; i < 3; ++i) doc.FunctionList(container::StressBFns)->Add(Func2D(L"f"));
     auto& stab = doc.StabItems().Get(2);
-    stab.vSurcharges_.push_back({L"fill", 20, {}, 3, VariationType::Linear, false});
-    stab.vSurcharges_.push_back({L"gone", 20, {}, 1, VariationType::Linear, true});
+    stab.vSurcharges_.Add(SurchargeLoad{0, L"fill", 20, {}, 3, VariationType::Linear});
+    stab.vSurcharges_.Add(SurchargeLoad{0, L"gone", 20, {}, 1, VariationType::Linear});
+    stab.vSurcharges_.Add(SurchargeLoad{0, L"last", 20, {}, 2, VariationType::Linear});
+    stab.vSurcharges_.Delete({2});
     stab.vPiezometricLines_.push_back({L"piezo", {}, {2, 4, 2}, InputDefinition::Define, false});
     doc.HydroItems().Get(1).vInitialWaterTables_.push_back({L"wt", {}, {4}, {}, false});
   }
@@ -46,10 +48,40 @@ TEST_F(KindDataInDocument, DeletionAndCompactionRepairReferences) {
   doc.ContainerManager().FullCompact();
   EXPECT_EQ(doc.StabItems().Find(2)->vPiezometricLines_[0].vMaterials_, (std::vector<GID>{3}));
   EXPECT_EQ(doc.HydroItems().Find(1)->vInitialWaterTables_[0].vMaterials_, (std::vector<GID>{3}));
-  EXPECT_EQ(doc.StabItems().Find(2)->vSurcharges_.size(), 1u) << "deleted surcharges squeezed out";
+  const auto& surcharges = doc.StabItems().Find(2)->vSurcharges_;
+  ASSERT_EQ(surcharges.Size(), 2u) << "deleted surcharges squeezed out";
+  EXPECT_EQ(surcharges.At(2).name_, L"last");
+  EXPECT_EQ(surcharges.At(2).nID_, 2u) << "stored ID follows the slot";
 
   doc.FunctionList(container::StressBFns)->Delete({3});
-  EXPECT_EQ(doc.StabItems().Find(2)->vSurcharges_[0].fnNum_, 0u) << "now a constant surcharge";
+  EXPECT_EQ(doc.StabItems().Find(2)->vSurcharges_.At(1).fnNum_, 0u) << "now a constant surcharge";
+}
+
+// A full compaction squeezes the identified lists of the per-kind data; the
+// flux labels follow their sections, and a label whose section is gone
+// goes with it.
+TEST_F(KindDataInDocument, CompactionSqueezesTheirOwnTablesAndLabelsFollow) {
+  HydroData& hydro = doc.HydroItems().Get(1);
+  for (const wchar_t* name : {L"toe", L"crest", L"drain"}) hydro.fluxSections_.Add(FLUX{0, name, {}});
+  hydro.vFluxLabels_ = {{1, 0, 0}, {2, 1, 1}, {3, 2, 2}};
+  hydro.fluxSections_.Delete({2});
+  StabData& stab = doc.StabItems().Get(2);
+  for (int i = 1; i <= 3; ++i) stab.slipSurfaces_.Add(SLIP{0, L"s" + std::to_wstring(i), {}});
+  stab.slipSurfaces_.Delete({1});
+  doc.ContainerManager().FullCompact();
+
+  const HydroData& h = *doc.HydroItems().Find(1);
+  ASSERT_EQ(h.fluxSections_.Size(), 2u);
+  EXPECT_EQ(h.fluxSections_.At(2).name_, L"drain");
+  EXPECT_EQ(h.fluxSections_.At(2).nID_, 2u);
+  ASSERT_EQ(h.vFluxLabels_.size(), 2u);
+  EXPECT_EQ(h.vFluxLabels_[0].nFluxID_, 1u);
+  EXPECT_EQ(h.vFluxLabels_[1].nFluxID_, 2u) << "the drain's label follows it";
+  EXPECT_EQ(h.vFluxLabels_[1].fX_, 2);
+  const auto& slips = doc.StabItems().Find(2)->slipSurfaces_;
+  ASSERT_EQ(slips.Size(), 2u);
+  EXPECT_EQ(slips.At(1).name_, L"s2");
+  EXPECT_EQ(slips.At(1).nID_, 1u);
 }
 
 TEST(KindData, AssignAndIsEqualCompareByType) {

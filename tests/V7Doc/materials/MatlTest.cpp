@@ -235,7 +235,8 @@ TEST_F(StabModels, SurchargeBelowPiezometricLine) {
   for (const auto& c : cases) {
     SCOPED_TRACE(testing::Message() << "weight " << c.weight << " status " << c.status);
     StabData& data = doc.StabItems().Get(stab);
-    data.vSurcharges_ = {{L"fill", c.weight, c.surcharge, 0, VariationType::Linear, false}};
+    data.vSurcharges_.Clear();
+    data.vSurcharges_.Add(SurchargeLoad{0, L"fill", c.weight, c.surcharge, 0, VariationType::Linear});
     data.vPiezometricLines_ = {{L"PL1", c.water, {}, InputDefinition::Define, false}};
     std::vector<gtl::status> statuses;
     TestSurchargeLoadForWTWeight(doc, stab, statuses);

@@ -70,12 +70,6 @@ void Table::Transform() {
   Rebuild();
 }
 
-bool Table::ToLogU(double x, double& u) const {
-  if (!(x > 0)) return false;
-  u = std::log10(x);
-  return true;
-}
-
 double Table::FromLogV(double v) const {
   const double y = std::pow(10.0, v);
   return std::isfinite(y) ? y : qvi::kNoValue;

@@ -11,6 +11,7 @@
 // On a logarithmic axis the interpolation runs in log10 of that coordinate,
 // and the tail slopes are slopes in those coordinates.
 #include <algorithm>
+#include <cmath>
 #include <cstddef>
 #include <vector>
 
@@ -90,7 +91,12 @@ class Table {
   std::vector<double> u_, v_;  // the same in table coordinates (x and y)
 
  private:
-  bool ToLogU(double x, double& u) const;
+  // Inline: it runs once per evaluation on a log input axis.
+  bool ToLogU(double x, double& u) const {
+    if (!(x > 0)) return false;
+    u = std::log10(x);
+    return true;
+  }
   double FromLogV(double v) const;
   void Transform();
 

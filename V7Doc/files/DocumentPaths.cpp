@@ -1,0 +1,86 @@
+#include "V7Doc/files/DocumentPaths.h"
+
+#include <vector>
+
+#include "OC/OCError.h"
+#include "OC/Path.h"
+#include "OC/Registry.h"
+#include "OC/Schema.h"
+#include "QVI/str/Convert.h"
+#include "V7Doc/document/QVDocument.h"
+#include "V7Doc/files/DocumentSchema.h"
+
+namespace v7::doc {
+namespace {
+
+constexpr std::wstring_view kOwnNamespace = L"v7::";
+
+std::wstring_view StripCall(std::wstring_view name) {
+  if (name.ends_with(L"()")) name.remove_suffix(2);
+  return name;
+}
+
+// The member a first step names: a member of the root by name or tag, or
+// an alias seen from inside or outside the namespace v7.
+const oc::Member* RootMember(std::wstring_view name) {
+  const oc::RecordType& root = oc::TypeOf<QVDocument>();
+  if (const oc::Member* m = root.FindMember(name)) return m;
+  const auto& reg = oc::OCRegistry::Instance();
+  if (const oc::Member* m = reg.ResolveAlias(root, name)) return m;
+  if (name.starts_with(kOwnNamespace)) return reg.ResolveAlias(root, name.substr(kOwnNamespace.size()));
+  return reg.ResolveAlias(root, std::wstring(kOwnNamespace) + std::wstring(name));
+}
+
+}  // namespace
+
+gtl::status NormalizeExpression(std::wstring_view expression, std::optional<std::uint64_t> index1,
+                                std::wstring& path) {
+  const std::wstring where(expression);
+  std::wstring_view rest = expression;
+  if (rest.starts_with(kCurrentDocumentCall)) {
+    rest.remove_prefix(kCurrentDocumentCall.size());
+    if (!rest.starts_with(L".")) return oc::OCError::not_recognized(where, L"a member after the document");
+    rest.remove_prefix(1);
+  }
+  std::wstring text(rest);
+  for (std::size_t at = text.find(kIndexPlaceholder); at != std::wstring::npos;
+       at = text.find(kIndexPlaceholder, at)) {
+    if (!index1) return oc::OCError::not_recognized(std::wstring(kIndexPlaceholder), where);
+    const std::wstring n = str::to_wstring(static_cast<unsigned long long>(*index1));
+    text.replace(at, kIndexPlaceholder.size(), n);
+    at += n.size();
+  }
+  std::vector<oc::PathStep> steps;
+  if (auto s = oc::ParsePath(text, steps); s.failed()) return s;
+  path.clear();
+  for (std::size_t i = 0; i < steps.size(); ++i) {
+    std::wstring_view name = StripCall(steps[i].name);
+    std::wstring resolved(name);
+    // A first step that is neither a member nor an alias may still be a
+    // persisted tag: the path's own resolution decides.
+    if (i == 0)
+      if (const oc::Member* m = RootMember(name)) resolved = m->name;
+    if (i) path += L'.';
+    path += resolved;
+    if (steps[i].has_index) path += L"[" + steps[i].index + L"]";
+  }
+  return {};
+}
+
+gtl::status FindInDocument(QVDocument& document, std::wstring_view expression, oc::IOC& out,
+                           std::optional<std::uint64_t> index1) {
+  std::wstring path;
+  if (auto s = NormalizeExpression(expression, index1, path); s.failed()) return s;
+  if (auto s = oc::Find(files::DocumentStore(document), path, out); s.failed()) return s;
+  out.SetWhere(std::wstring(expression));
+  return {};
+}
+
+gtl::status FindInCurrent(std::wstring_view expression, oc::IOC& out,
+                          std::optional<std::uint64_t> index1) {
+  const QVDocumentHandle& current = QVDocumentGetCurrentHandle();
+  if (!current) return oc::OCError::not_recognized(std::wstring(kCurrentDocumentCall), L"(no current document)");
+  return FindInDocument(*current, expression, out, index1);
+}
+
+}  // namespace v7::doc

@@ -1,0 +1,442 @@
+// The whole document: a document generated from the declarations (every
+// member set away from its default, every collection holding records, a
+// deleted row in every identified table) survives a save and a load record
+// for record and byte for byte; and every persisted collection path, alias
+// and path expression of the schema reaches what it names.
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <set>
+#include <string>
+#include <optional>
+#include <utility>
+#include <vector>
+
+#include "OC/Path.h"
+#include "OC/Registry.h"
+#include "OC/Schema.h"
+#include "QVI/meta/MetaEnumCommon.h"
+#include "QVI/str/Convert.h"
+#include "V7Doc/document/QVDocument.h"
+#include "V7Doc/files/DocumentFile.h"
+#include "V7Doc/files/DocumentPaths.h"
+#include "V7Doc/files/DocumentSchema.h"
+
+namespace v7::files {
+namespace {
+
+// Sets every value below a node away from its default, guided only by the
+// declarations; collections get two elements (tables: IDs 1 and 3, with 2
+// left deleted). What could not be set is listed.
+class Filler {
+ public:
+  std::vector<std::wstring> refused;  // members whose setter refused every value tried
+  std::set<const oc::Member*> collections;  // collections that were given elements
+
+  void Record(const oc::IOC& node, void* rec, int salt) {
+    for (oc::IOC c = node.begin(); c.IsValid(); c = node.GetNextSubOC(c)) Child(c, rec, salt++);
+  }
+
+ private:
+  void Child(oc::IOC c, void* rec, int salt) {
+    if (c.kind() == oc::IOC::Kind::Group) return Record(c, rec, salt);
+    const oc::Member* m = c.Template();
+    if (m->traits.IsLegacy() || m->traits.IsReadOnly()) return;
+    switch (m->type) {
+      case oc::ValueType::Struct:
+        return Record(c, m->access->Field(rec), salt);
+      case oc::ValueType::Array:
+        return Array(c, *m, m->access->Field(rec), salt);
+      case oc::ValueType::Table:
+        return Table(c, *m, m->access->Field(rec), salt);
+      default:
+        return Scalar(c, *m, salt);
+    }
+  }
+
+  void Array(const oc::IOC& c, const oc::Member& m, void* coll, int salt) {
+    // A map whose key is read-only by path is filled through its own API.
+    if (m.record && HasReadOnly(m.record())) return;
+    if (m.seq->Size(coll) == 0) m.seq->Resize(coll, std::min<std::size_t>(2, m.seq->MaxSize()));
+    collections.insert(&m);
+    // Elements take ascending numbers (1, 2, ...), so that lists kept in
+    // key order are written in the order they were filled.
+    const int base = salt - salt % 3;
+    for (std::size_t i = 0; i < m.seq->Size(coll); ++i) {
+      oc::IOC e = c.At(i);
+      if (e.kind() == oc::IOC::Kind::Record) Record(e, e.Object(), base + static_cast<int>(i));
+      else Scalar(e, m, base + static_cast<int>(i));
+    }
+  }
+
+  void Table(const oc::IOC& c, const oc::Member& m, void* table, int salt) {
+    collections.insert(&m);
+    for (std::uint32_t id : {1u, 3u}) {
+      if (m.table->IsLive(table, id)) {
+        oc::IOC e = c.At(id);
+        Record(e, e.Object(), salt + static_cast<int>(id));
+        continue;
+      }
+      // Filled before it is placed: a default record may be its type's
+      // tombstone.
+      oc::OCObject rec(m.record());
+      Record(oc::IOC::Record(m.record(), rec.get()), rec.get(), salt + static_cast<int>(id));
+      m.table->Place(table, id, rec.get());
+      if (!m.table->IsLive(table, id)) refused.push_back(m.name + L": the filled record is a tombstone");
+    }
+  }
+
+  static bool HasReadOnly(const oc::RecordType& t) {
+    for (const auto& m : t.Members())
+      if (m->traits.IsReadOnly()) return true;
+    return false;
+  }
+
+  // A value other than the default, within the bounds; small integers so
+  // that numbers of records name records that exist.
+  void Scalar(oc::IOC c, const oc::Member& m, int salt) {
+    const auto& tr = m.traits;
+    const oc::ValueType t = c.Type();
+    bool ok = false;
+    if (t == oc::ValueType::Bool) {
+      bool v = false;
+      (void)c.Get(v);
+      ok = c.Set(!v).succeeded();
+    } else if (t == oc::ValueType::Enum) {
+      std::wstring now;
+      (void)c.Get(now);
+      for (const auto& e : tr.enum_table->Entries())
+        if (e.name != now && !e.name.empty() && c.Set(std::wstring_view(e.name)).succeeded() && !c.IsDefault()) {
+          ok = true;
+          break;
+        }
+    } else if (t == oc::ValueType::WString) {
+      for (std::wstring v : {L"Text " + std::to_wstring(salt) + L" <&\"'> \u00e9\u4e2d",
+                             std::wstring(L"Constant(Value=2.5)"), std::wstring(L"Linear")})
+        if (c.Set(std::wstring_view(v)).succeeded()) {
+          ok = true;
+          break;
+        }
+    } else {
+      const double lo = tr.min.value_or(0);
+      const bool bounded = tr.max && *tr.max < 1e300;
+      double v = bounded ? lo + (*tr.max - lo) * 0.375 : lo + 1 + (salt % 3);
+      if (t != oc::ValueType::Double) v = std::floor(v) + (bounded && std::floor(v) == lo ? 1 : 0);
+      else v += 0.1;  // a fraction that decimal text must carry exactly
+      ok = c.Set(v).succeeded() && !c.IsDefault();
+      if (!ok) ok = c.Set(v + 1).succeeded() && !c.IsDefault();
+    }
+    if (!ok) refused.push_back(c.Where() + L" " + m.name);
+  }
+};
+
+// The sample: the generic fill, then what the fill leaves alone (maps keyed
+// by record, read-only by path).
+void Generate(QVDocument& doc, Filler& f) {
+  doc.DataInit();
+  const oc::IODS ds = DocumentStore(doc);
+  f.Record(oc::IOC(ds), &doc, 1);
+  doc.ExclusiveAnlsIDBySkTextID().Insert(1, 3);
+  doc.ExclusiveAnlsIDBySkTextID().Insert(3, 1);
+}
+
+std::string Xml(const QVDocument& d) {
+  std::string xml;
+  EXPECT_TRUE(DocumentToXml(d, xml).succeeded());
+  return xml;
+}
+
+bool Equal(const QVDocument& a, const QVDocument& b) {
+  return oc::TypeOf<QVDocument>().Ops().equal(&a, &b);
+}
+
+// Every collection below the root, by walking the declarations.
+void Collections(const oc::RecordType& t, std::set<const oc::Member*>& out, std::set<const oc::RecordType*>& seen) {
+  if (!seen.insert(&t).second) return;
+  for (const auto& m : t.Members()) {
+    if (m->type == oc::ValueType::Array || m->type == oc::ValueType::Table) out.insert(m.get());
+    if (m->record) Collections(m->record(), out, seen);
+  }
+}
+
+TEST(WholeDocument, GeneratedDocumentRoundTripsRecordByRecordAndByteForByte) {
+  ASSERT_TRUE(RegisterDocumentSchema().succeeded());
+  QVDocument doc;
+  Filler f;
+  Generate(doc, f);
+  for (const auto& r : f.refused) ADD_FAILURE() << "left at its default: " << str::to_utf8(r);
+
+  // Every collection of the schema was given elements (maps keyed by record
+  // through their own API).
+  std::set<const oc::Member*> all;
+  std::set<const oc::RecordType*> seen;
+  Collections(oc::TypeOf<QVDocument>(), all, seen);
+  for (const oc::Member* m : all)
+    if (!f.collections.count(m) && !(m->record && m->record().Members().front()->traits.IsReadOnly()))
+      ADD_FAILURE() << "never filled: " << str::to_utf8(m->owner->Name() + L"." + m->name);
+
+  const std::string first = Xml(doc);
+  QVDocument loaded;
+  LoadReport report;
+  const auto s = DocumentFromXml(first, loaded, L"generated", &report);
+  ASSERT_TRUE(s.succeeded()) << str::to_utf8(s.message());
+  for (const auto& w : report.warnings) ADD_FAILURE() << str::to_utf8(w.message());
+  EXPECT_TRUE(Equal(doc, loaded));
+  EXPECT_EQ(first, Xml(loaded));
+  // Spot checks that the comparison sees the new records at all.
+  ASSERT_NE(loaded.StabItems().Find(1), nullptr);
+  EXPECT_TRUE(loaded.StabItems().Find(1)->slipSurfaces_.IsValidID(3));
+  EXPECT_FALSE(loaded.StabItems().Find(1)->slipSurfaces_.IsValidID(2));
+  EXPECT_EQ(loaded.StabItems().Find(1)->slipSurfaces_.At(3).nID_, 3u) << "stored ID follows the slot";
+  EXPECT_EQ(loaded.Sketch().texts_.Size(), 3u);
+  EXPECT_EQ(loaded.StructuralBeamAttributes().At(3), doc.StructuralBeamAttributes().At(3));
+  loaded.StructuralBeamAttributes().At(3).fMomentOfInertia_ *= 2;
+  EXPECT_FALSE(Equal(doc, loaded));
+}
+
+// DataInit on a document in use gives a new project: every declared member
+// back to what a new document holds.
+TEST(WholeDocument, DataInitResetsEveryMember) {
+  QVDocument doc, fresh;
+  Filler f;
+  Generate(doc, f);
+  doc.DataInit();
+  fresh.DataInit();
+  EXPECT_TRUE(Equal(doc, fresh));
+  EXPECT_EQ(Xml(doc), Xml(fresh));
+}
+
+// Every collection path of the schema, from the root, with the tag of one
+// element: the path resolves by persisted tags, is a collection, and names
+// its elements as written.
+TEST(WholeDocument, EveryCollectionPathResolves) {
+  QVDocument doc;
+  Filler f;
+  Generate(doc, f);
+  struct Case {
+    const wchar_t* path;
+    const wchar_t* element;
+  };
+  const Case cases[] = {
+      {L"Analyses", L"Analysis"}, {L"Materials", L"Material"}, {L"BCs", L"BC"},
+      {L"ClimateDataSets", L"ClimateDataSet"},
+      {L"AnalysisUsesSketchTexts", L"AnalysisUsesSketchText"},
+      {L"Contexts", L"Context"},
+      {L"Contexts[1].CCWLineSideUsesMaterials", L"CCWLineSideUsesMaterial"},
+      {L"Contexts[1].CWLineSideUsesMaterials", L"CWLineSideUsesMaterial"},
+      {L"Contexts[1].GeometryUsesAirBCs", L"GeometryUsesAirBC"},
+      {L"Contexts[1].GeometryUsesContaminantBCs", L"GeometryUsesContaminantBC"},
+      {L"Contexts[1].GeometryUsesGasBCs", L"GeometryUsesGasBC"},
+      {L"Contexts[1].GeometryUsesHydraulicBCs", L"GeometryUsesHydraulicBC"},
+      {L"Contexts[1].GeometryUsesRotBCs", L"GeometryUsesRotBC"},
+      {L"Contexts[1].GeometryUsesThermBCs", L"GeometryUsesThermBC"},
+      {L"Contexts[1].GeometryUsesXDispBCs", L"GeometryUsesXDispBC"},
+      {L"Contexts[1].GeometryUsesYDispBCs", L"GeometryUsesYDispBC"},
+      {L"Contexts[1].LineUsesBars", L"LineUsesBar"},
+      {L"Contexts[1].LineUsesBeams", L"LineUsesBeam"},
+      {L"Contexts[1].MaterialUsesBBarParams", L"MaterialUsesBBarParam"},
+      {L"Contexts[1].MaterialUsesPiezs", L"MaterialUsesPiez"},
+      {L"Contexts[1].MaterialUsesRuParams", L"MaterialUsesRuParam"},
+      {L"Contexts[1].RegionUsesMaterials", L"RegionUsesMaterial"},
+      {L"GeometryItems.Points", L"Point"}, {L"GeometryItems.Lines", L"Lines"},
+      {L"GeometryItems.Regions", L"Region"}, {L"GeometryItems.Mesh.Constraints", L"GGID"},
+      {L"MeshItems.Elements", L"EL"}, {L"MeshItems.Elements1D", L"EL1D"},
+      {L"MeshItems.NodePairs", L"NodePair"}, {L"Items.Nodes", L"N"},
+      {L"Functions.Material.Hydraulic.KFns[1].Points", L"Point"},
+      {L"HydroItems[0].Entry.FlowPaths[0].Points", L"Pt"},
+      {L"Analyses[1].TimeIncrements.TimeSteps", L"TimeStep"},
+      {L"Analyses[1].TimeIncrements.FixedTimes", L"TimeStep"},
+      {L"Analyses[1].TimeIncrements.CustomSteps", L"CustomStep"},
+      {L"Contour.ResultGraphs[1].ElapsedTimes", L"Time"},
+      {L"ClimateDataSets[1].ClimateEntries", L"ClimateEntry"},
+      {L"BarAttributes", L"BarAttribute"}, {L"BeamAttributes", L"BeamAttribute"},
+      {L"StabItems[0].Entry.Reinforcements", L"Reinforcement"},
+      {L"ConvectiveSurfaces", L"ConvectiveSurface"}, {L"ThermoSyphons", L"ThermoSyphon"},
+      {L"SketchItems.Images", L"Image"}, {L"SketchItems.Labels", L"Label"},
+      {L"StabItems[0].Entry.LineLoadPoints", L"LineLoadPoint"},
+      {L"HydroItems[0].Entry.InitialWaterTables", L"InitialWaterTable"},
+      {L"HydroItems[0].Entry.FlowPaths", L"FlowPath"},
+      {L"HydroItems[0].Entry.FluxLabels", L"FluxLabel"},
+      {L"HydroItems[0].Entry.FluxSections", L"FluxSection"},
+      {L"HydroItems[0].Entry.FluxSections[1].Sectons", L"Fluxsect"},
+      {L"SoluteItems[0].Entry.Particles", L"Particle"},
+      {L"SoluteItems[0].Entry.ParticlePairs", L"ParticlePair"},
+      {L"ShakeItems[0].Entry.EarthquakeRecords.Horizontal.Records", L"Record"},
+      {L"SoluteItems[0].Entry.Sources", L"ID"},
+      {L"DeformItems[0].Entry.IgnoredItems", L"ID"},
+      {L"ShakeItems[0].Entry.POGHPoints", L"POGHPoint"},
+      {L"StabItems", L"StabItem"}, {L"HydroItems", L"HydroItem"}, {L"DeformItems", L"DeformItem"},
+      {L"ShakeItems", L"ShakeItem"}, {L"ThermoItems", L"ThermoItem"},
+      {L"SoluteItems", L"SoluteItem"}, {L"EvapoItems", L"EvapoItem"},
+      {L"StabItems[0].Entry.DataPoints", L"DataPoint"},
+      {L"StabItems[0].Entry.PiezometricLines", L"PiezometricLine"},
+      {L"StabItems[0].Entry.PressureLines", L"PressureLine"},
+      {L"StabItems[0].Entry.FullySpecifiedSlipSurfaces", L"FullySpecifiedSlipSurface"},
+      {L"StabItems[0].Entry.FullySpecFixedPoints", L"FixedPoint"},
+      {L"SketchItems.SkArcs", L"SkArc"}, {L"SketchItems.SkCircles", L"SkCircle"},
+      {L"SketchItems.SkLines", L"SkLine"}, {L"SketchItems.SkTexts", L"SkText"},
+      {L"Contour.ResultSets", L"ResultSet"}, {L"Contour.ResultContours", L"ResultContour"},
+      {L"Contour.ResultGraphs", L"ResultGraph"}, {L"Contour.CutLines", L"CutLine"},
+      {L"View.Preferences.VectorDefs", L"VectorDef"}, {L"View.CustomColors", L"Color"},
+      {L"View.PointLabel", L"Point"}, {L"Functions.Func3Ds", L"Fn3D"},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(str::to_utf8(c.path));
+    oc::IOC node;
+    const auto s = oc::FindTag(DocumentStore(doc), c.path, node);
+    ASSERT_TRUE(s.succeeded()) << str::to_utf8(s.message());
+    ASSERT_TRUE(oc::IsArray(node));
+    EXPECT_EQ(node.Template()->persist.element_tag, c.element);
+    EXPECT_GT(node.Length(), 0u);
+  }
+}
+
+// Every alias reaches the member it names; the path expressions reach the
+// same nodes as the plain paths.
+TEST(WholeDocument, AliasesAndPathExpressionsResolve) {
+  QVDocumentHandle current(new QVDocument);
+  Filler f;
+  Generate(*current, f);
+  QVDocumentSetCurrentHandle(current);
+  struct Case {
+    const wchar_t* expression;
+    const wchar_t* path;
+    std::optional<std::uint64_t> index1;
+  };
+  const Case cases[] = {
+      {L"v7::doc::View::AnalysisLastViewed", L"analysisLastViewed", {}},
+      {L"v7::doc::View::ModeLastViewed", L"modeLastViewed", {}},
+      {L"v7::doc::View::ResultTimeLastViewed", L"resultTimeLastViewed", {}},
+      {L"v7::doc::View::BaseTimeLastViewed", L"baseTimeLastViewed", {}},
+      {L"defdoc::View::TimeStepsForCurrentAnalysisOnly", L"bTimeStepsForCurrentAnalysisOnly", {}},
+      {L"doc::FileInfo", L"fileInfo", {}},
+      {L"defdoc::FileInfo.Title", L"fileInfo.title_", {}},
+      {L"doc::View::Font", L"viewFont", {}},
+      {L"doc::View::Window", L"wnd", {}},
+      {L"v7::doc::Geometry::Manager", L"geometry", {}},
+      {L"v7::doc::Geometry::PointAssocDisp[1]", L"pointAssocDisp[1]", {}},
+      {L"v7::doc::Sketch.SkTexts[3]", L"sketchItems.texts_[3]", {}},
+      {L"v7::doc::AssociationsTable", L"anlsAssocs", {}},
+      {L"doc::BCs", L"boundaryConditions", {}},
+      {L"v7::result::CutLines", L"cutLines", {}},
+      {L"doc::Coordinates::Eng", L"eng", {}},
+      {L"doc::Coordinates::Page", L"page", {}},
+      {L"v7::doc::Geometry::MeshConstraintAssoc[3]", L"meshConstraintAssoc[3]", {}},
+      {L"v7::doc::ConvectiveSurfaces", L"hPipeSurfMem", {}},
+      {L"doc::ThermoSyphons", L"hThermoMem", {}},
+      {L"v7::result::ResultSets", L"resultSets", {}},
+      {L"v7::result::ResultGraphs", L"resultGraphs", {}},
+      {L"v7::doc::ExclAnlsIDbySkTxt", L"exclusiveAnlsIDbySkTextID", {}},
+      {L"doc::StructuralBarAttributes", L"structuralBarAttributes", {}},
+      {L"doc::StructuralBeamAttributes", L"structuralBeamAttributes", {}},
+      {L"v7::doc::Function::Func3Ds", L"func3Ds", {}},
+      {L"v7::doc::Function::StressRecModulusFns", L"RecModulusFns", {}},
+      {L"QVDocumentGetCurrent().analyses", L"analyses", {}},
+      {L"QVDocumentGetCurrent().points", L"points", {}},
+      {L"QVDocumentGetCurrent().lines", L"lines", {}},
+      {L"QVDocumentGetCurrent().regions", L"regions", {}},
+      {L"QVDocumentGetCurrent().hMatlMem", L"hMatlMem", {}},
+      {L"QVDocumentGetCurrent().structuralBarAttributes", L"structuralBarAttributes", {}},
+      {L"QVDocumentGetCurrent().structuralBeamAttributes", L"structuralBeamAttributes", {}},
+      {L"QVDocumentGetCurrent().func3Ds", L"func3Ds", {}},
+      {L"QVDocumentGetCurrent().cutLines", L"cutLines", {}},
+      {L"QVDocumentGetCurrent().resultGraphs", L"resultGraphs", {}},
+      {L"QVDocumentGetCurrent().resultContours", L"resultContours", {}},
+      {L"QVDocumentGetCurrent().exclusiveAnlsIDbySkTextID", L"exclusiveAnlsIDbySkTextID", {}},
+      {L"QVDocumentGetCurrent().meshConstraintAssoc", L"meshConstraintAssoc", {}},
+      {L"QVDocumentGetCurrent().surface", L"surface", {}},
+      {L"QVDocumentGetCurrent().HKFns", L"HKFns", {}},
+      {L"QVDocumentGetCurrent().AirBFns", L"AirBFns", {}},
+      {L"v7::doc::Climate()", L"climateData", {}},
+      {L"v7::doc::ThermoSyphons()", L"hThermoMem", {}},
+      {L"v7::doc::ConvectiveSurfaces()", L"hPipeSurfMem", {}},
+      {L"v7::doc::FileInfo()", L"fileInfo", {}},
+      {L"doc::Analyses()[OC_INDEX1].InitPWPCondOption_", L"analyses[3].InitPWPCondOption_", 3},
+      {L"doc::Analyses()[OC_INDEX1].GetStabPWPCondOption()", L"analyses[3].InitPWPCondOption_", 3},
+      {L"doc::Analyses()[OC_INDEX1].inputFiles_.pathPWP", L"analyses[1].inputFiles_.pathPWP", 1},
+      {L"doc::Analyses()[OC_INDEX1].initParticleCondOption_", L"analyses[1].initParticleCondOption_", 1},
+      {L"doc::Analyses()[OC_INDEX1].inputFiles_.pathPart", L"analyses[1].inputFiles_.pathPart", 1},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(str::to_utf8(c.expression));
+    oc::IOC a, m;
+    auto s = doc::FindInCurrent(c.expression, a, c.index1);
+    ASSERT_TRUE(s.succeeded()) << str::to_utf8(s.message());
+    ASSERT_TRUE(oc::Find(DocumentStore(*current), c.path, m).succeeded());
+    if (a.kind() == oc::IOC::Kind::Member && m.kind() == oc::IOC::Kind::Member &&
+        a.Template() != m.Template()) {
+      // Two declarations of one field (an accessor's name beside the
+      // member's): the same value.
+      std::wstring x, y;
+      ASSERT_TRUE(a.Get(x).succeeded());
+      ASSERT_TRUE(m.Get(y).succeeded());
+      EXPECT_EQ(x, y);
+    } else {
+      EXPECT_TRUE(a == m);
+    }
+  }
+  // The function tables under their descriptive aliases; the persisted short
+  // names are the members.
+  const std::pair<const wchar_t*, const wchar_t*> functions[] = {
+      {L"HydKFns", L"HKFns"}, {L"HydVolWCFns", L"SFns"}, {L"AirKFns", L"AirKFns"},
+      {L"StressCyclicNumFns", L"DCFns"}, {L"StressSeedPWPFns", L"DPFns"},
+      {L"StressGReductionFns", L"DGFns"}, {L"StressDampingRatioFns", L"DDFns"},
+      {L"StressKAlphaCorrFns", L"DKaFns"}, {L"StressKSigmaCorrFns", L"DKsFns"},
+      {L"StressMFSPWPFns", L"MFSPFns"}, {L"StressEModulusFns", L"EModFns"},
+      {L"StressGmaxFns", L"GmaxFns"}, {L"StressKRedFns", L"KRedFns"},
+      {L"StressTotalEModulusFns", L"TotalEModFns"}, {L"StressTotalCohesionFns", L"TotalCFns"},
+      {L"StressRecModulusFns", L"RecModulusFns"}, {L"StressAnisoFns", L"AFns"},
+      {L"StressStrengthFns", L"StrengthFns"}, {L"ProbFns", L"ProbFns"},
+      {L"WeightFns", L"WeightFns"}, {L"CohesionFns", L"CohesionFns"}, {L"PhiFns", L"PhiFns"},
+      {L"ThermKFns", L"TKFns"}, {L"ThermKTempFns", L"TKTempFns"},
+      {L"ThermUnfrozenWCFns", L"UWCFns"}, {L"ThermVolSpecHeatFns", L"VSHFns"},
+      {L"ContamAdsorpFns", L"AdsFns"}, {L"ContamDiffusionFns", L"DifFns"},
+      {L"AirBoundFns", L"AirBFns"}, {L"HydBoundFns", L"HydBFns"}, {L"HydBoundModFns", L"HydMFns"},
+      {L"ThermBoundFns", L"ThermBFns"}, {L"ThermBoundModFns", L"ThermMFns"},
+      {L"GasBoundFns", L"GasBFns"}, {L"GasBoundModFns", L"GasMFns"},
+      {L"StressBoundFns", L"StressBFns"}, {L"ContamBoundFns", L"ConcBFns"},
+      {L"ClimateBoundLeafAreaIndexFns", L"LAIFns"}, {L"ClimateBoundPlantMoistLimitFns", L"PMLFns"},
+      {L"ClimateBoundRootDepthFns", L"RDFns"}};
+  for (auto [alias, member] : functions) {
+    SCOPED_TRACE(str::to_utf8(alias));
+    oc::IOC a, m, e;
+    ASSERT_TRUE(doc::FindInCurrent(std::wstring(L"v7::doc::Function::") + alias, a).succeeded());
+    ASSERT_TRUE(oc::Find(DocumentStore(*current), member, m).succeeded());
+    EXPECT_TRUE(a == m);
+    // "QVDocumentGetCurrent()." with the member reaches it too.
+    ASSERT_TRUE(doc::FindInCurrent(std::wstring(L"QVDocumentGetCurrent().") + member, e).succeeded());
+    EXPECT_TRUE(e == m);
+  }
+
+  // Failures name what is wrong.
+  oc::IOC node;
+  EXPECT_TRUE(doc::FindInCurrent(L"doc::Analyses()[OC_INDEX1].Name", node).failed()) << "no index given";
+  EXPECT_TRUE(doc::FindInCurrent(L"v7::doc::NoSuchThing()", node).failed());
+  EXPECT_TRUE(doc::FindInCurrent(L"QVDocumentGetCurrent()analyses", node).failed());
+  QVDocumentSetCurrentHandle({});
+  EXPECT_TRUE(doc::FindInCurrent(L"QVDocumentGetCurrent().analyses", node).failed());
+}
+
+// Verify reports a stored value outside its declared traits, naming where,
+// and passes a document whose values were all set through the checks.
+TEST(WholeDocument, VerifyFindsValuesOutsideTheirTraits) {
+  QVDocument doc;
+  Filler f;
+  Generate(doc, f);
+  const oc::IOC root(DocumentStore(doc));
+  EXPECT_TRUE(root.Verify().succeeded()) << str::to_utf8(root.Verify().message());
+
+  doc.StabItems().Get(1).reinforcements_.At(3).fSpacing_ = -2;  // below its bound
+  auto s = root.Verify();
+  ASSERT_TRUE(s.failed());
+  EXPECT_NE(s.message().find(L"reinforcements_[3].fSpacing_"), std::wstring::npos) << str::to_utf8(s.message());
+  doc.StabItems().Get(1).reinforcements_.At(3).fSpacing_ = 1;
+
+  doc.LastViewed().mode_ = static_cast<v7qvi::ViewMode>(42);  // not an enumeration value
+  s = root.Verify();
+  ASSERT_TRUE(s.failed());
+  EXPECT_NE(s.message().find(L"42"), std::wstring::npos) << str::to_utf8(s.message());
+}
+
+}  // namespace
+}  // namespace v7::files
