@@ -293,6 +293,24 @@ const RefPlan& RefPlanOf(const RecordType& type) {
   return plan;
 }
 
+const RefPlan& OwnRefPlanOf(const RecordType& type) {
+  static Plans own;
+  if (auto it = own.find(&type); it != own.end()) return *it->second;
+  const RefPlan& full = RefPlanOf(type);
+  auto p = std::make_unique<RefPlan>();
+  for (const RefStep& st : full.steps) {
+    if (st.m->traits.collection != 0 || st.kind == RefStep::Table) continue;
+    p->steps.push_back(st);
+    if (st.kind == RefStep::Hook || st.via) p->any = true;
+    else if (st.sub) Absorb(*p, *st.sub);
+    else AddTarget(*p, st.collection);
+  }
+  p->key = full.key;
+  p->deleted = full.deleted;
+  p->building = false;
+  return *own.emplace(&type, std::move(p)).first->second;
+}
+
 bool HasRefs(const RefPlan& plan) { return !plan.steps.empty(); }
 
 const std::vector<std::uint32_t>& RefTargets(const RefPlan& plan, bool& any) {

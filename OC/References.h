@@ -79,6 +79,10 @@ class RefPlan;
 
 // The plan of `type`, built on first use and kept.
 const RefPlan& RefPlanOf(const RecordType& type);
+// The plan of `type` without its tables and its members registered as
+// collections (declared Collection): the references a top-level object
+// holds in its own settings, its collections answering for themselves.
+const RefPlan& OwnRefPlanOf(const RecordType& type);
 // True when records of the plan's type hold references (in themselves or
 // anything nested).
 bool HasRefs(const RefPlan& plan);

@@ -89,7 +89,7 @@ struct StabData : AnalysisDataOf<StabData> {
   std::vector<PressureLine> vPressureLines_;   // "PressureLines[PressureLine]"
   SLIPTable slipSurfaces_;  // "FullySpecifiedSlipSurfaces[FullySpecifiedSlipSurface]"
   // "FullySpecFixedPoints[FixedPoint]": points of the fully specified slip
-  // surfaces that optimisation leaves where they are // refers to Points
+  // surfaces that optimisation leaves where they are
   std::vector<GID> vFixedPoints_;
   std::vector<LineLoadPoint> vLineLoads_;      // "LineLoadPoints[LineLoadPoint]"
   ParamVariation paramVariation_ = ParamVariation::Constant;

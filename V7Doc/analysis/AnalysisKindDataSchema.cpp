@@ -96,7 +96,8 @@ const RecordType& TypeOf<StabData>() {
       .Add(&StabData::reinforcements_, L"reinforcements_", L"Reinforcements[Reinforcement]")
       .Add(&StabData::vPressureLines_, L"vPressureLines_", L"PressureLines[PressureLine]")
       .Add(&StabData::slipSurfaces_, L"slipSurfaces_", L"FullySpecifiedSlipSurfaces[FullySpecifiedSlipSurface]")
-      .Add(&StabData::vFixedPoints_, L"vFixedPoints_", L"FullySpecFixedPoints[FixedPoint]")
+      .Add(&StabData::vFixedPoints_, L"vFixedPoints_", L"FullySpecFixedPoints[FixedPoint]",
+           meta::MetaDataTraits{}.Ref(container::Points))
       .Add(&StabData::vLineLoads_, L"vLineLoads_", L"LineLoadPoints[LineLoadPoint]")
       .Add(&StabData::paramVariation_, L"paramVariation_", L"ParameterVariation")
       .Add(&StabData::nNumTrials_, L"nNumTrials_", L"NumTrials", meta::MetaDataTraits{}.Bounds(1, 1e9))

@@ -4,9 +4,6 @@
 // ("HydroItems[HydroItem].Entry"), particles of a particle-tracking analysis
 // ("SoluteItems[SoluteItem].Entry"), and history points of a dynamic
 // analysis ("ShakeItems[ShakeItem].Entry").
-//
-// Members that hold the number of a record in another collection say so
-// with a "refers to" comment.
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -36,7 +33,9 @@ using FLUXTable = QVContainerTable<FLUX, FLUXIDPolicy>;
 
 // Where the total of a flux section is written on the drawing.
 struct FluxLabel {
-  GID nFluxID_ = 0;  // "FluxSectionID" // refers to FluxSections (same item)
+  // "FluxSectionID": a flux section of the same item. Not a declared
+  // reference: the item's own compaction of its flux sections renumbers it.
+  GID nFluxID_ = 0;
   double fX_ = 0, fY_ = 0;  // "X", "Y": the label's anchor, m
   friend bool operator==(const FluxLabel&, const FluxLabel&) = default;
 };

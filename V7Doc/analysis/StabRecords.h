@@ -10,9 +10,6 @@
 // ID policy: the stored ID is the slot position + 1 for a live record and 0
 // for a deleted one. Surcharges, reinforcements and slip surfaces are
 // edited in the drawing and take part in undo (QVContainerOpUndoPolicy).
-//
-// Members that hold the number of a record in another collection say so
-// with a "refers to" comment.
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -43,8 +40,8 @@ struct SurchargeLoad {
   GID nID_ = 0;  // written only through SURCHARGELOADIDPolicy
   std::wstring name_;
   double fUnitWeight_ = 0;    // weight per unit volume of the surcharge, kN/m3
-  std::vector<GID> vPoints_;  // outline // refers to Points
-  GID fnNum_ = 0;             // variation; 0: constant // refers to StressBFns
+  std::vector<GID> vPoints_;  // outline
+  GID fnNum_ = 0;             // variation; 0: constant
   VariationType variation_ = VariationType::Linear;
   friend bool operator==(const SurchargeLoad&, const SurchargeLoad&) = default;
 };
@@ -102,7 +99,7 @@ using ReinforcementTable = TQVContainerTableREINF<ReinforcementLoad>;
 struct SLIP {
   GID nID_ = 0;  // written only through SLIPIDPolicy
   std::wstring name_;          // "Name"
-  std::vector<GID> vPoints_;   // "DataPoints", left to right // refers to Points
+  std::vector<GID> vPoints_;   // "DataPoints", left to right
   double fAxisX_ = qvi::kNoValue;  // "AxisX", m
   double fAxisY_ = qvi::kNoValue;  // "AxisY", m
   friend bool operator==(const SLIP&, const SLIP&) = default;
@@ -120,7 +117,7 @@ using SLIPTable = TQVContainerTableSLIP<SLIP>;
 // surface drawn by the points; it loads the slices below it.
 struct PressureLine {
   std::wstring name_;          // "Name"
-  std::vector<GID> vPoints_;   // "DataPoints" // refers to Points
+  std::vector<GID> vPoints_;   // "DataPoints"
   double fUnitWeight_ = 9.807;  // "UnitWeight" of the fluid, kN/m3 (water)
   friend bool operator==(const PressureLine&, const PressureLine&) = default;
 };

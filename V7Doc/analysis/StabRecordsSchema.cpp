@@ -3,6 +3,7 @@
 // table, so the stored ID member is not declared.
 #include "OC/Schema.h"
 #include "V7Doc/analysis/StabRecords.h"
+#include "V7Doc/core/ContainerIDs.h"
 
 template <>
 const meta::MetaEnumCommon& meta::EnumTable<v7::ReinforcementType>() {
@@ -35,8 +36,8 @@ const RecordType& TypeOf<SurchargeLoad>() {
   static const RecordType& t = Schema<T>(L"SurchargeLoad")
       .Add(&T::name_, L"name_", L"Name")
       .Add(&T::fUnitWeight_, L"fUnitWeight_", L"UnitWeight")
-      .Add(&T::vPoints_, L"vPoints_", L"DataPoints[DataPoint]")
-      .Add(&T::fnNum_, L"fnNum_", L"FnNum")
+      .Add(&T::vPoints_, L"vPoints_", L"DataPoints[DataPoint]", meta::MetaDataTraits{}.Ref(container::Points))
+      .Add(&T::fnNum_, L"fnNum_", L"FnNum", meta::MetaDataTraits{}.Ref(container::StressBFns))
       .Add(&T::variation_, L"variation_", L"Variation")
       .Done();
   return t;
@@ -68,7 +69,7 @@ const RecordType& TypeOf<SLIP>() {
   using T = SLIP;
   static const RecordType& t = Schema<T>(L"SLIP")
       .Add(&T::name_, L"name_", L"Name")
-      .Add(&T::vPoints_, L"vPoints_", L"DataPoints[DataPoint]")
+      .Add(&T::vPoints_, L"vPoints_", L"DataPoints[DataPoint]", meta::MetaDataTraits{}.Ref(container::Points))
       .Add(&T::fAxisX_, L"fAxisX_", L"AxisX")
       .Add(&T::fAxisY_, L"fAxisY_", L"AxisY")
       .Done();
@@ -80,7 +81,7 @@ const RecordType& TypeOf<PressureLine>() {
   using T = PressureLine;
   static const RecordType& t = Schema<T>(L"PressureLine")
       .Add(&T::name_, L"name_", L"Name")
-      .Add(&T::vPoints_, L"vPoints_", L"DataPoints[DataPoint]")
+      .Add(&T::vPoints_, L"vPoints_", L"DataPoints[DataPoint]", meta::MetaDataTraits{}.Ref(container::Points))
       .Add(&T::fUnitWeight_, L"fUnitWeight_", L"UnitWeight", meta::MetaDataTraits(kNonNegative).Units(L"kN/m3"))
       .Done();
   return t;

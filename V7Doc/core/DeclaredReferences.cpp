@@ -70,6 +70,14 @@ class Remapper final : public oc::RefVisitor {
 DeclaredReferences::DeclaredReferences(const oc::Member& collection, void* field)
     : member_(&collection), field_(field), plan_(&oc::ElementRefPlan(collection)) {}
 
+DeclaredReferences::DeclaredReferences(const oc::RecordType& type, void* record)
+    : member_(nullptr), field_(record), plan_(&oc::OwnRefPlanOf(type)) {}
+
+void DeclaredReferences::Walk(oc::RefVisitor& visitor) const {
+  if (member_) oc::ForEachRefIn(*member_, field_, visitor);
+  else oc::ForEachRef(*plan_, field_, visitor);
+}
+
 const std::vector<GID>& DeclaredReferences::Targets(bool& any) const {
   return oc::RefTargets(*plan_, any);
 }
@@ -82,9 +90,9 @@ bool DeclaredReferences::RefersTo(GID container) const {
 
 void DeclaredReferences::AppendUsage(GID self, GID container, UsageList& usage) const {
   std::vector<Use> uses;
-  if (member_->table) uses.reserve(member_->table->Size(field_));  // usually one reference a record
+  if (member_ && member_->table) uses.reserve(member_->table->Size(field_));  // usually one reference a record
   UsageCollector collect(container, uses);
-  oc::ForEachRefIn(*member_, field_, collect);
+  Walk(collect);
   if (uses.empty()) return;
   GID max_used = 0;
   for (const Use& u : uses) max_used = std::max(max_used, u.used);
@@ -107,7 +115,7 @@ void DeclaredReferences::Renumber(GID container, const std::vector<GID>& renumbe
     return v < renumber.size() ? renumber[v] : 0;
   };
   Remapper<decltype(map)> r(container, map);
-  oc::ForEachRefIn(*member_, field_, r);
+  Walk(r);
 }
 
 void DeclaredReferences::Forget(GID container, const std::vector<GID>& ids) {
@@ -115,7 +123,7 @@ void DeclaredReferences::Forget(GID container, const std::vector<GID>& ids) {
     return std::binary_search(ids.begin(), ids.end(), v) ? 0 : v;
   };
   Remapper<decltype(map)> r(container, map);
-  oc::ForEachRefIn(*member_, field_, r);
+  Walk(r);
 }
 
 }  // namespace v7

@@ -12,7 +12,9 @@
 
 namespace oc {
 struct Member;
+class RecordType;
 class RefPlan;
+class RefVisitor;
 }  // namespace oc
 
 namespace v7 {
@@ -23,6 +25,10 @@ class DeclaredReferences {
   // `collection` (a table, a list of records, or a key map declared Ref),
   // held at `field`.
   DeclaredReferences(const oc::Member& collection, void* field);
+  // The container is the top-level object `record` of declared `type`
+  // itself: its own settings' references (oc::OwnRefPlanOf) are its
+  // record 0's.
+  DeclaredReferences(const oc::RecordType& type, void* record);
 
   // The containers whose records are referred to, ascending; `any` is set
   // when some reference names its container itself (a GGID), so that any
@@ -42,7 +48,9 @@ class DeclaredReferences {
   void Forget(GID container, const std::vector<GID>& ids);
 
  private:
-  const oc::Member* member_;
+  void Walk(oc::RefVisitor& visitor) const;
+
+  const oc::Member* member_;  // null: field_ is the object itself
   void* field_;
   const oc::RefPlan* plan_;
 };

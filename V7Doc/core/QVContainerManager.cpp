@@ -69,9 +69,15 @@ IQVContainer* QVContainerManager::GetContainer(const std::wstring& name) const {
 }
 
 void QVContainerManager::DeclareRecords(GID id, const oc::Member& collection, void* field) {
-  IQVContainer* c = GetContainer(id);
-  if (!c) return;
-  c->declared_.reset(new DeclaredReferences(collection, field));
+  if (IQVContainer* c = GetContainer(id)) Bind(c, new DeclaredReferences(collection, field));
+}
+
+void QVContainerManager::DeclareRecords(GID id, const oc::RecordType& type, void* record) {
+  if (IQVContainer* c = GetContainer(id)) Bind(c, new DeclaredReferences(type, record));
+}
+
+void QVContainerManager::Bind(IQVContainer* c, DeclaredReferences* declared) {
+  c->declared_.reset(declared);
   bool any = false;
   const std::vector<GID> targets = c->declared_->Targets(any);
   for (GID t : targets) Subscribe(c, t);

@@ -11,6 +11,7 @@
 
 namespace oc {
 struct Member;
+class RecordType;
 }
 
 namespace v7 {
@@ -59,6 +60,9 @@ class QVContainerManager {
   // its records refer to (to all registered ones when some reference names
   // its container itself).
   void DeclareRecords(GID id, const oc::Member& collection, void* field);
+  // The same for a container that is itself a declared top-level object
+  // (the document): its own settings' references, outside its collections.
+  void DeclareRecords(GID id, const oc::RecordType& type, void* record);
 
   // Adds `c` to the subscribers of `target`'s slot (once).
   void Subscribe(IQVContainer* c, GID target);
@@ -99,6 +103,8 @@ class QVContainerManager {
   std::size_t Count() const { return containers_.size(); }
 
  private:
+  // Gives `c` the references `declared` finds (taking it) and subscribes it.
+  void Bind(IQVContainer* c, DeclaredReferences* declared);
   void TellCleanup(INotifyCleanupAction::Reason reason);
   template <class F>
   void ForEachListener(GID from, F&& f);

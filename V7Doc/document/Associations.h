@@ -11,6 +11,7 @@
 #include <string>
 #include <vector>
 
+#include "V7Doc/core/ContainerIDs.h"
 #include "V7Doc/core/QVContainerPolicies.h"
 #include "V7Doc/core/QVContainerTable.h"
 
@@ -36,25 +37,30 @@ struct GeometryUsesBC {
 // material of an interface along one side of a line (clockwise or
 // counter-clockwise side, seen from the line's first point).
 struct LineSideUsesMaterial {
-  GID line = 0;      // "LineID" // refers to Lines
-  GID material = 0;  // "MaterialID" // refers to Materials
+  GID line = 0;      // "LineID"
+  GID material = 0;  // "MaterialID"
   friend bool operator==(const LineSideUsesMaterial&, const LineSideUsesMaterial&) = default;
 };
 
 // "LineUsesBars[LineUsesBar]", "LineUsesBeams[LineUsesBeam]": the
-// structural attribute a line is built with.
+// structural attribute a line is built with. The attribute table is part of
+// the type, so that each map declares which table its attributes are in.
+template <GID AttributeTable>
 struct LineUsesAttribute {
-  GID line = 0;       // "LineID" // refers to Lines
-  GID attribute = 0;  // "AttributeID" // refers to StructuralBarAttributes or StructuralBeamAttributes
+  GID line = 0;       // "LineID"
+  GID attribute = 0;  // "AttributeID"
   friend bool operator==(const LineUsesAttribute&, const LineUsesAttribute&) = default;
 };
+using LineUsesBar = LineUsesAttribute<container::StructuralBarAttributes>;
+using LineUsesBeam = LineUsesAttribute<container::StructuralBeamAttributes>;
 
 // "MaterialUsesPiezs[MaterialUsesPiez]": the piezometric line that gives a
 // material its pore-water pressure in a stability analysis.
 struct MaterialUsesPiez {
-  GID material = 0;  // "MaterialID" // refers to Materials
-  // "PiezID": one-based position in the analysis's piezometric lines
-  // // refers to StabItems (PiezometricLines of the context's analysis)
+  GID material = 0;  // "MaterialID"
+  // "PiezID": one-based position in the piezometric lines of the context's
+  // analysis (its StabItems entry). A position in another record's list, not
+  // a record number, so it is not a declared reference.
   GID piez = 0;
   friend bool operator==(const MaterialUsesPiez&, const MaterialUsesPiez&) = default;
 };
@@ -63,7 +69,7 @@ struct MaterialUsesPiez {
 // pore-pressure ratio ru = u / (gamma h) (Bishop & Morgenstern, 1960) or
 // pore-pressure parameter B-bar = du / dsigma1 (Bishop, 1954).
 struct MaterialUsesParam {
-  GID material = 0;  // "MaterialID" // refers to Materials
+  GID material = 0;  // "MaterialID"
   double value = 0;  // "Value"
   friend bool operator==(const MaterialUsesParam&, const MaterialUsesParam&) = default;
 };
@@ -91,8 +97,8 @@ struct Associations {
   // by a linear search: a context holds a few dozen of them at most).
   std::vector<LineSideUsesMaterial> cwLineSideMaterials_;
   std::vector<LineSideUsesMaterial> ccwLineSideMaterials_;
-  std::vector<LineUsesAttribute> lineBars_;
-  std::vector<LineUsesAttribute> lineBeams_;
+  std::vector<LineUsesBar> lineBars_;
+  std::vector<LineUsesBeam> lineBeams_;
   std::vector<MaterialUsesPiez> materialPiezs_;
   std::vector<MaterialUsesParam> materialRu_;
   std::vector<MaterialUsesParam> materialBBar_;

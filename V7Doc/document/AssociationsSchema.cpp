@@ -55,27 +55,39 @@ template <>
 const RecordType& TypeOf<LineSideUsesMaterial>() {
   using T = LineSideUsesMaterial;
   static const RecordType& t = Schema<T>(L"LineSideUsesMaterial")
-                                   .Add(&T::line, L"line", L"LineID")
-                                   .Add(&T::material, L"material", L"MaterialID")
+                                   .Add(&T::line, L"line", L"LineID", Link(container::Lines))
+                                   .Add(&T::material, L"material", L"MaterialID", Link(container::Materials))
                                    .Done();
   return t;
 }
 
-template <>
-const RecordType& TypeOf<LineUsesAttribute>() {
-  using T = LineUsesAttribute;
-  static const RecordType& t = Schema<T>(L"LineUsesAttribute")
-                                   .Add(&T::line, L"line", L"LineID")
-                                   .Add(&T::attribute, L"attribute", L"AttributeID")
+namespace {
+template <GID Table>
+const RecordType& LineAttributeType(const wchar_t* name) {
+  using T = LineUsesAttribute<Table>;
+  static const RecordType& t = Schema<T>(name)
+                                   .Add(&T::line, L"line", L"LineID", Link(container::Lines))
+                                   .Add(&T::attribute, L"attribute", L"AttributeID", Link(Table))
                                    .Done();
   return t;
+}
+}  // namespace
+
+template <>
+const RecordType& TypeOf<LineUsesBar>() {
+  return LineAttributeType<container::StructuralBarAttributes>(L"LineUsesBar");
+}
+
+template <>
+const RecordType& TypeOf<LineUsesBeam>() {
+  return LineAttributeType<container::StructuralBeamAttributes>(L"LineUsesBeam");
 }
 
 template <>
 const RecordType& TypeOf<MaterialUsesPiez>() {
   using T = MaterialUsesPiez;
   static const RecordType& t = Schema<T>(L"MaterialUsesPiez")
-                                   .Add(&T::material, L"material", L"MaterialID")
+                                   .Add(&T::material, L"material", L"MaterialID", Link(container::Materials))
                                    .Add(&T::piez, L"piez", L"PiezID")
                                    .Done();
   return t;
@@ -85,7 +97,7 @@ template <>
 const RecordType& TypeOf<MaterialUsesParam>() {
   using T = MaterialUsesParam;
   static const RecordType& t = Schema<T>(L"MaterialUsesParam")
-                                   .Add(&T::material, L"material", L"MaterialID")
+                                   .Add(&T::material, L"material", L"MaterialID", Link(container::Materials))
                                    .Add(&T::value, L"value", L"Value")
                                    .Done();
   return t;

@@ -93,6 +93,8 @@ void QVDocument::BindDeclaredReferences() {
   for (const auto& m : declared->type->Members())
     if (m->traits.collection != 0)
       containerManager_.DeclareRecords(m->traits.collection, *m, m->access->Field(this));
+  // The document's own settings (the view, the sketch, point labels, ...).
+  containerManager_.DeclareRecords(container::Document, *declared->type, this);
 }
 
 QVDocument::~QVDocument() = default;

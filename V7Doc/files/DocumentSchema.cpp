@@ -39,7 +39,8 @@ const RecordType& TypeOf<QVDocument>() {
       Schema<Doc>(L"QVDocument", MemberwiseOps<Doc>())
           .AddReach(V7_DOC(view_), L"view", L"View.Preferences")
           .AddReach(V7_DOC(currentResultContour_), L"gidCurrentDefineContour", L"View.CurrentDefineContour")
-          .AddReach(V7_DOC(lastViewed_.analysis_), L"analysisLastViewed", L"View.AnalysisLastViewed")
+          .AddReach(V7_DOC(lastViewed_.analysis_), L"analysisLastViewed", L"View.AnalysisLastViewed",
+                    meta::MetaDataTraits{}.Ref(container::Analyses))
           .AddReach(V7_DOC(lastViewed_.mode_), L"modeLastViewed", L"View.ModeLastViewed")
           .AddReach(V7_DOC(lastViewed_.resultTime_), L"resultTimeLastViewed", L"View.ResultTimeLastViewed")
           .AddReach(V7_DOC(lastViewed_.baseTime_), L"baseTimeLastViewed", L"View.BaseTimeLastViewed")
@@ -57,9 +58,10 @@ const RecordType& TypeOf<QVDocument>() {
           .AddReach(V7_DOC(plane_), L"plane", L"GeometryItems.Plane")
           .AddReach(V7_DOC(geometry_.Points()), L"points", L"GeometryItems.Points[Point]")
           .AddReach(V7_DOC(geometry_.Lines()), L"lines", L"GeometryItems.Lines[Lines]")
-          .AddReach(V7_DOC(geometry_.Regions()), L"regions", L"GeometryItems.Regions[Region]")
-          .AddReach(V7_DOC(geometry_.Surfaces()), L"surface", L"GeometryItems.Surfaces[Surface]")
-          .AddReach(V7_DOC(meshConstraints_), L"meshConstraintAssoc", L"GeometryItems.Mesh.Constraints[GGID]")
+          .AddReach(V7_DOC(geometry_.Regions()), L"regions", L"GeometryItems.Regions[Region]", Held(container::Regions))
+          .AddReach(V7_DOC(geometry_.Surfaces()), L"surface", L"GeometryItems.Surfaces[Surface]", Held(container::Surface))
+          .AddReach(V7_DOC(meshConstraints_), L"meshConstraintAssoc", L"GeometryItems.Mesh.Constraints[GGID]",
+                    Held(container::MeshConstraints))
           .AddReach(V7_DOC(meshGlobalEdgeLength_), L"meshGlobalEdgeLength", L"GeometryItems.Mesh.GlobalEdgeLength",
                     meta::MetaDataTraits{}.Bounds(0, qvi::kNoValue).Units(L"m"))
           .AddReach(V7_DOC(meshVersion_), L"meshVersion", L"GeometryItems.Mesh.Version",

@@ -21,22 +21,6 @@ GID Renumbered(const std::vector<GID>& renumber, GID id) {
   return id < renumber.size() ? renumber[id] : 0;
 }
 
-// Renumbers a list of IDs, dropping those that vanished.
-void RenumberList(std::vector<GID>& list, const std::vector<GID>& renumber) {
-  for (GID& id : list) id = Renumbered(renumber, id);
-  std::erase(list, GID{0});
-}
-
-// Each distinct point of a region once, so that a point listed both as a
-// point and as a corner is reported once.
-std::vector<GID> DistinctPoints(const Region& r) {
-  std::vector<GID> all = r.pointIDs_;
-  all.insert(all.end(), r.cornerPointIDs_.begin(), r.cornerPointIDs_.end());
-  std::sort(all.begin(), all.end());
-  all.erase(std::unique(all.begin(), all.end()), all.end());
-  return all;
-}
-
 std::pair<GID, GID> Edge(GID a, GID b) { return a < b ? std::pair{a, b} : std::pair{b, a}; }
 
 // The edges of a polygon: consecutive points, closed when it has three or
@@ -122,19 +106,11 @@ std::vector<GID> RegionTable::RegionLineIDs(GID id) const {
   return out;
 }
 
-void RegionTable::OnRegistration() {
-  Manager().Subscribe(this, ids::Points);
-  Manager().Subscribe(this, ids::Lines);
-  Manager().Subscribe(this, ids::Materials);
-}
+void RegionTable::OnRegistration() { Manager().Subscribe(this, ids::Lines); }
 
 void RegionTable::OnGetUsageOf(GID container, UsageList& usage) {
   GeomTable<Region>::OnGetUsageOf(container, usage);
-  if (container == ID()) return;
-  if (container == ids::Points) {
-    for (auto it = begin(); it != end(); ++it)
-      for (GID p : DistinctPoints(*it)) Report(usage, p, GGID(ID(), it.ID()));
-  } else if (container == ids::Lines) {
+  if (container == ids::Lines) {
     const LineTable* lines = Lines();
     if (!lines) return;
     // One pass over the lines, then one look-up per polygon edge.
@@ -151,38 +127,7 @@ void RegionTable::OnGetUsageOf(GID container, UsageList& usage) {
       used.erase(std::unique(used.begin(), used.end()), used.end());
       for (GID l : used) Report(usage, l, GGID(ID(), it.ID()));
     }
-  } else if (container == ids::Materials) {
-    for (auto it = begin(); it != end(); ++it) Report(usage, it->nMaterialID_, GGID(ID(), it.ID()));
   }
-}
-
-void RegionTable::OnIDUpdate(GID container, const std::vector<GID>& renumber) {
-  if (container == ids::Points) {
-    for (Region& r : *this) {
-      RenumberList(r.pointIDs_, renumber);
-      RenumberList(r.cornerPointIDs_, renumber);
-    }
-  } else if (container == ids::Materials) {
-    for (Region& r : *this) r.nMaterialID_ = Renumbered(renumber, r.nMaterialID_);
-  }
-}
-
-void SurfaceTable::OnRegistration() { Manager().Subscribe(this, ids::Points); }
-
-void SurfaceTable::OnGetUsageOf(GID container, UsageList& usage) {
-  GeomTable<Surface>::OnGetUsageOf(container, usage);
-  if (container != ids::Points || container == ID()) return;
-  for (auto it = begin(); it != end(); ++it) {
-    std::vector<GID> pts = it->pointIDs_;
-    std::sort(pts.begin(), pts.end());
-    pts.erase(std::unique(pts.begin(), pts.end()), pts.end());
-    for (GID p : pts) Report(usage, p, GGID(ID(), it.ID()));
-  }
-}
-
-void SurfaceTable::OnIDUpdate(GID container, const std::vector<GID>& renumber) {
-  if (container != ids::Points) return;
-  for (Surface& s : *this) RenumberList(s.pointIDs_, renumber);
 }
 
 }  // namespace v7::Geom

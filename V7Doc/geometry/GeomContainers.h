@@ -64,27 +64,18 @@ class RegionTable : public GeomTable<Region> {
   // Edges without a line are skipped.
   std::vector<GID> RegionLineIDs(GID id) const;
 
-  // Subscribes to the points, the lines and the materials.
+  // Subscribes to the lines.
   void OnRegistration() override;
-  // Usage of points (point or corner lists), of lines (edges of the polygon)
-  // and of materials (the region's material).
+  // Usage of lines: the lines along the edges of the polygon. (The points
+  // and the material a region names are declared references: in a
+  // document they answer, and follow renumbering, by themselves.)
   void OnGetUsageOf(GID container, UsageList& usage) override;
-  // Follows the renumbering of points (vanished points leave the lists) and of
-  // materials (a vanished material becomes 0).
-  void OnIDUpdate(GID container, const std::vector<GID>& renumber) override;
 
  private:
   const LineTable* Lines() const;
 };
 
-class SurfaceTable : public GeomTable<Surface> {
- public:
-  // Subscribes to the points.
-  void OnRegistration() override;
-  // Usage of points along the surface polylines.
-  void OnGetUsageOf(GID container, UsageList& usage) override;
-  // Follows the renumbering of points (vanished points leave the polylines).
-  void OnIDUpdate(GID container, const std::vector<GID>& renumber) override;
-};
+// The points along a surface polyline are declared references.
+class SurfaceTable : public GeomTable<Surface> {};
 
 }  // namespace v7::Geom

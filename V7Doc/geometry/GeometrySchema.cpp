@@ -2,6 +2,7 @@
 // the names of their end points, "PointID1" and "PointID2", which the older
 // documents' paths ("GeometryItems.Lines[$1].PointID1") use.
 #include "OC/Schema.h"
+#include "V7Doc/core/ContainerIDs.h"
 #include "V7Doc/geometry/GeomItems.h"
 
 namespace oc {
@@ -37,11 +38,11 @@ const RecordType& TypeOf<Geom::Line>() {
 template <>
 const RecordType& TypeOf<Geom::Region>() {
   static const RecordType& t = Schema<Geom::Region>(L"Region")
-      .Add(&Geom::Region::pointIDs_, L"pointIDs_", L"PointIDs[ID]")
-      .Add(&Geom::Region::cornerPointIDs_, L"cornerPointIDs_", L"CornerPointIDs[ID]")
+      .Add(&Geom::Region::pointIDs_, L"pointIDs_", L"PointIDs[ID]", meta::MetaDataTraits{}.Ref(container::Points))
+      .Add(&Geom::Region::cornerPointIDs_, L"cornerPointIDs_", L"CornerPointIDs[ID]", meta::MetaDataTraits{}.Ref(container::Points))
       .Add(&Geom::Region::nFlags_, L"nFlags_", L"Flags")
       .Add(&Geom::Region::ggidOwner_, L"ggidOwner_", L"Owner")
-      .Add(&Geom::Region::nMaterialID_, L"nMaterialID_", L"MaterialID")
+      .Add(&Geom::Region::nMaterialID_, L"nMaterialID_", L"MaterialID", meta::MetaDataTraits{}.Ref(container::Materials))
       .Done();
   return t;
 }
@@ -50,7 +51,7 @@ template <>
 const RecordType& TypeOf<Geom::Surface>() {
   static const RecordType& t = Schema<Geom::Surface>(L"Surface")
       .Add(&Geom::Surface::name_, L"name_", L"Name")
-      .Add(&Geom::Surface::pointIDs_, L"pointIDs_", L"PointIDs[ID]")
+      .Add(&Geom::Surface::pointIDs_, L"pointIDs_", L"PointIDs[ID]", meta::MetaDataTraits{}.Ref(container::Points))
       .Add(&Geom::Surface::dThickness_, L"dThickness_", L"Thickness", meta::MetaDataTraits{}.Bounds(0, 1e300))
       .Done();
   return t;

@@ -43,13 +43,13 @@ struct GeometryPlane {
 struct InfElemDef {
   double fPoleX_ = qvi::kNoValue;  // "PoleX", m
   double fPoleY_ = qvi::kNoValue;  // "PoleY", m
-  std::vector<GID> vRegions_;      // "Regions[ID]" // refers to Regions
+  std::vector<GID> vRegions_;      // "Regions[ID]"
   friend bool operator==(const InfElemDef&, const InfElemDef&) = default;
 };
 
 // How one point is labelled on the drawing ("View.PointLabel[Point]").
 struct PointLabel {
-  GID nPoint_ = 0;              // "PointID" // refers to Points
+  GID nPoint_ = 0;              // "PointID"
   bool bShowNumber_ = true;     // "ShowNumber"
   bool bShowCoordinates_ = false;  // "ShowCoordinates"
   double fOffsetX_ = 0, fOffsetY_ = 0;  // "OffsetX", "OffsetY": from the point, mm on the page

@@ -1,6 +1,7 @@
 // Persisted names of the geometry and mesh settings and of the mesh
 // constraints.
 #include "OC/Schema.h"
+#include "V7Doc/core/ContainerIDs.h"
 #include "V7Doc/geometry/GeometrySettings.h"
 #include "V7Doc/geometry/MeshConstraint.h"
 
@@ -40,7 +41,7 @@ const RecordType& TypeOf<InfElemDef>() {
   static const RecordType& t = Schema<T>(L"InfElemDef")
       .Add(&T::fPoleX_, L"fPoleX_", L"PoleX")
       .Add(&T::fPoleY_, L"fPoleY_", L"PoleY")
-      .Add(&T::vRegions_, L"vRegions_", L"Regions[ID]")
+      .Add(&T::vRegions_, L"vRegions_", L"Regions[ID]", meta::MetaDataTraits{}.Ref(container::Regions))
       .Done();
   return t;
 }
@@ -49,7 +50,9 @@ template <>
 const RecordType& TypeOf<PointLabel>() {
   using T = PointLabel;
   static const RecordType& t = Schema<T>(L"PointLabel")
-      .Add(&T::nPoint_, L"nPoint_", L"PointID")
+      // A label of a deleted point has nothing to label.
+      .Add(&T::nPoint_, L"nPoint_", L"PointID",
+           meta::MetaDataTraits{}.Ref(container::Points).Flag(meta::MetaDataTraits::DropWhenGone))
       .Add(&T::bShowNumber_, L"bShowNumber_", L"ShowNumber")
       .Add(&T::bShowCoordinates_, L"bShowCoordinates_", L"ShowCoordinates")
       .Add(&T::fOffsetX_, L"fOffsetX_", L"OffsetX")
@@ -63,7 +66,7 @@ const RecordType& TypeOf<MeshConstraint>() {
   using T = MeshConstraint;
   static const RecordType& t = Schema<T>(L"MeshConstraint")
       .Add(&T::nContainer_, L"nContainer_", L"ContainerID")
-      .Add(&T::nRecord_, L"nRecord_", L"RecordID")
+      .Add(&T::nRecord_, L"nRecord_", L"RecordID", meta::MetaDataTraits{}.RefVia(L"nContainer_"))
       .Add(&T::fEdgeLength_, L"fEdgeLength_", L"EdgeLength", meta::MetaDataTraits{}.Bounds(0, qvi::kNoValue).Units(L"m"))
       .Add(&T::nDivisions_, L"nDivisions_", L"NumDivisions", meta::MetaDataTraits{}.Bounds(0, 1e6))
       .Done();

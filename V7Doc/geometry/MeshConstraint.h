@@ -15,7 +15,7 @@ namespace v7 {
 
 struct MeshConstraint {
   GID nContainer_ = 0;  // "ContainerID": points 1, lines 2, regions 3
-  GID nRecord_ = 0;     // "RecordID" // refers to the item of nContainer_
+  GID nRecord_ = 0;     // "RecordID": the item in nContainer_
   double fEdgeLength_ = qvi::kNoValue;  // "EdgeLength", m; no value: the global length
   // "NumDivisions": element edges along a line; 0: from the edge length.
   std::int32_t nDivisions_ = 0;

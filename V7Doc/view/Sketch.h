@@ -72,7 +72,7 @@ using SkTextTable = QVContainerTable<SkText>;
 // A text tied to a geometry item: it moves with the item.
 struct SketchLabel {
   GID nContainer_ = 0;  // "ContainerID": points 1, lines 2, regions 3
-  GID nRecord_ = 0;     // "RecordID" // refers to the item of nContainer_
+  GID nRecord_ = 0;     // "RecordID": the item in nContainer_
   std::wstring text_;   // "Text"
   double fOffsetX_ = 0, fOffsetY_ = 0;  // "OffsetX", "OffsetY": from the item, m
   friend bool operator==(const SketchLabel&, const SketchLabel&) = default;

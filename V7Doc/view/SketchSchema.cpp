@@ -78,7 +78,9 @@ const RecordType& TypeOf<SketchLabel>() {
   using T = SketchLabel;
   static const RecordType& t = Schema<T>(L"SketchLabel")
       .Add(&T::nContainer_, L"nContainer_", L"ContainerID")
-      .Add(&T::nRecord_, L"nRecord_", L"RecordID")
+      // A label tied to a deleted item has nothing to move with.
+      .Add(&T::nRecord_, L"nRecord_", L"RecordID",
+           meta::MetaDataTraits{}.RefVia(L"nContainer_").Flag(meta::MetaDataTraits::DropWhenGone))
       .Add(&T::text_, L"text_", L"Text")
       .Add(&T::fOffsetX_, L"fOffsetX_", L"OffsetX")
       .Add(&T::fOffsetY_, L"fOffsetY_", L"OffsetY")

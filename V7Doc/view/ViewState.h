@@ -25,7 +25,7 @@ enum class ViewMode : std::int32_t {
 // the initial step); the base time is the step differences are taken
 // from. None (the marker) means no selection.
 struct LastViewed {
-  GID analysis_ = 0;  // "AnalysisLastViewed" // refers to Analyses
+  GID analysis_ = 0;  // "AnalysisLastViewed"
   ViewMode mode_ = ViewMode::Define;          // "ModeLastViewed"
   std::int32_t resultTime_ = qvi::kNone;      // "ResultTimeLastViewed"
   std::int32_t baseTime_ = qvi::kNone;        // "BaseTimeLastViewed"

@@ -4,6 +4,7 @@
 // loaded document reports references to nothing and keeps them.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <map>
 #include <random>
 #include <set>
@@ -32,8 +33,10 @@ GID Pick(Rng& rng, const std::vector<GID>& from) {
 // Sets every reference `type` declares in `rec` (nested records and lists
 // included, lists filled with one to three elements) to a random live
 // record. Only what the declarations say is touched, so a reference added
-// to any record type is generated without changing this test.
-void FillRefs(const oc::RecordType& type, void* rec, Rng& rng, const Pools& pools) {
+// to any record type is generated without changing this test. With
+// `settingsOnly`, the collections of a top-level object are left out.
+void FillRefs(const oc::RecordType& type, void* rec, Rng& rng, const Pools& pools,
+              bool settingsOnly = false) {
   static const std::vector<GID> kViaTargets = {container::Points, container::Regions,
                                                container::Analyses};
   auto pool = [&](GID c) -> const std::vector<GID>& {
@@ -45,6 +48,7 @@ void FillRefs(const oc::RecordType& type, void* rec, Rng& rng, const Pools& pool
     const oc::Member& m = *mp;
     const auto& tr = m.traits;
     if (tr.IsLegacy() || (tr.flags & meta::MetaDataTraits::Key) != 0) continue;
+    if (settingsOnly && (tr.collection != 0 || m.type == oc::ValueType::Table)) continue;
     void* field = m.access->Field(rec);
     if (!field) continue;  // accessor members (BC slots) are set by hand
     if (m.type == oc::ValueType::UInt32 && tr.ref != 0) {
@@ -55,8 +59,17 @@ void FillRefs(const oc::RecordType& type, void* rec, Rng& rng, const Pools& pool
       *static_cast<GID*>(field) = Pick(rng, pool(c));
     } else if (m.type == oc::ValueType::Struct) {
       FillRefs(m.record(), field, rng, pools);
-    } else if (m.type == oc::ValueType::Array && !m.seq->EntryKey(nullptr) &&
-               m.seq->MaxSize() == static_cast<std::size_t>(-1)) {
+    } else if (m.type == oc::ValueType::Table && !settingsOnly && m.table->Size(field) == 0 &&
+               oc::HasRefs(oc::RefPlanOf(m.record()))) {
+      // A table inside a record (an item's surcharges, slip surfaces): two.
+      const oc::RecordType& rt = m.record();
+      for (std::uint32_t id = 1; id <= 2; ++id) {
+        void* r = rt.Ops().create();
+        FillRefs(rt, r, rng, pools);
+        m.table->Place(field, id, r);
+        rt.Ops().destroy(r);
+      }
+    } else if (m.type == oc::ValueType::Array && m.seq->MaxSize() == static_cast<std::size_t>(-1)) {
       const bool numbers = m.element_type == oc::ValueType::UInt32 && tr.ref != 0;
       const bool records = m.element_type == oc::ValueType::Struct &&
                            oc::HasRefs(oc::RefPlanOf(m.record()));
@@ -78,7 +91,8 @@ struct Site {
   GID target, value;
 };
 
-// Every declared reference of every bound collection of the document.
+// Every declared reference of every bound collection of the document, and
+// of the document's own settings (its record 0).
 std::vector<Site> Sites(QVDocument& doc) {
   struct Collect final : oc::RefVisitor {
     GID container = 0, holder = 0;
@@ -94,6 +108,9 @@ std::vector<Site> Sites(QVDocument& doc) {
       collect.container = m->traits.collection;
       oc::ForEachRefIn(*m, m->access->Field(&doc), collect);
     }
+  collect.container = container::Document;
+  collect.holder = 0;
+  oc::ForEachRef(oc::OwnRefPlanOf(oc::TypeOf<QVDocument>()), &doc, collect);
   return collect.out;
 }
 
@@ -137,6 +154,7 @@ struct GeneratedDocument : ::testing::Test {
     // Records to refer to, a few of each.
     auto& geo = doc.Geometry();
     for (int i = 0; i < 6; ++i) geo.Points().Add(Geom::Point{double(i), double(i % 2)});
+    for (int i = 0; i < 4; ++i) geo.Lines().Add(Geom::Line{GID(i + 1), GID(i + 2)});
     for (int i = 0; i < 3; ++i) {
       Geom::Region r;
       r.pointIDs_ = {GID(i + 1), GID(i + 2), GID(i + 3)};
@@ -146,6 +164,10 @@ struct GeneratedDocument : ::testing::Test {
       if (Func2DTable* t = doc.FunctionList(list))
         for (int i = 0; i < 3; ++i) t->Add(Func2D(L"f" + std::to_wstring(i)));
     for (int i = 0; i < 5; ++i) doc.Analyses().Add(ANALYSIS{});
+    for (int i = 0; i < 3; ++i) {
+      doc.StructuralBarAttributes().Add(StructuralBarAttribute{});
+      doc.StructuralBeamAttributes().Add(StructuralBeamAttribute{});
+    }
     for (int i = 0; i < 4; ++i) doc.Materials().Add(MATL{});
     for (int i = 0; i < 4; ++i) {
       BC bc;
@@ -179,6 +201,9 @@ struct GeneratedDocument : ::testing::Test {
     fill(doc.ResultSets());
     for (int i = 0; i < 2; ++i) doc.ResultGraphs().Add(ResultGraph{});
     fill(doc.ResultGraphs());
+    for (int i = 0; i < 3; ++i) doc.MeshConstraints().Add(MeshConstraint{container::Points});
+    fill(doc.MeshConstraints());
+    FillRefs(oc::TypeOf<QVDocument>(), &doc, rng, pools, true);
     for (GID a = 1; a <= 3; ++a) doc.Contexts().ContextFor(a);
     fill(doc.Contexts());
     for (GID a = 1; a <= 5; ++a) {
@@ -237,7 +262,8 @@ struct GeneratedDocument : ::testing::Test {
   GID HolderNow(GID holderContainer, GID holder) const {
     if (holderContainer >= container::SoluteItems && holderContainer <= container::EvapoItems)
       return tracker.Now(container::Analyses, holder);  // the items are known by their analysis
-    if (holderContainer == container::AnlsIDBySkTextID) return holder;
+    if (holderContainer == container::AnlsIDBySkTextID || holderContainer == container::Document)
+      return holder;
     return tracker.Now(holderContainer, holder);
   }
 
@@ -251,7 +277,7 @@ struct GeneratedDocument : ::testing::Test {
     std::set<std::pair<GID, GID>> touched;  // holders that lost a reference
     for (const Site& s : before) {
       const GID h = HolderNow(s.holderContainer, s.holder);
-      if (h == 0) continue;
+      if (h == 0 && s.holderContainer != container::Document) continue;
       const GID v = tracker.Now(s.target, s.value);
       then[{s.holderContainer, h, s.member}].push_back(v);
       if (v == 0) touched.insert({s.holderContainer, h});
@@ -287,9 +313,18 @@ TEST_F(GeneratedDocument, EveryDeclaredReferenceAnswersUsageQueries) {
   for (const Site& s : before) targets.insert(s.target);
   for (GID c : {container::HydKFns, container::StressBFns, container::ClimateData, container::Thermosyphons,
                 container::ConvectiveSurfaces, container::Analyses, container::ResultContours,
-                container::Materials, container::BCs, container::Points, container::Regions})
+                container::Materials, container::BCs, container::Points, container::Regions,
+                container::Lines, container::StructuralBarAttributes, container::StructuralBeamAttributes})
     EXPECT_TRUE(targets.count(c)) << "no reference to container " << c;
   ASSERT_GT(before.size(), 100u);
+  // What the walk exercises, for the record: declaring members and sites.
+  std::set<const oc::Member*> members;
+  for (const Site& s : before) members.insert(s.member);
+  RecordProperty("declared_members", static_cast<int>(members.size()));
+  RecordProperty("sites", static_cast<int>(before.size()));
+  // The document's own settings answer too (the view's analysis, labels).
+  EXPECT_TRUE(std::any_of(before.begin(), before.end(),
+                          [](const Site& s) { return s.holderContainer == container::Document; }));
 
   for (GID c : targets) {
     UsageList usage;
@@ -310,7 +345,6 @@ TEST_F(GeneratedDocument, DeletingEveryTargetOnceThenCompactingKeepsReferencesSo
   std::set<GID> targets;
   for (const Site& s : before) targets.insert(s.target);
   for (GID c : targets) {
-    IQVContainer* t = doc.ContainerManager().GetContainer(c);
     const GID victim = pools[c][pools[c].size() / 2];
     if (auto* fns = doc.FunctionList(c)) fns->Delete({victim});
     else if (c == container::Analyses) doc.Analyses().Delete({victim});
@@ -322,7 +356,10 @@ TEST_F(GeneratedDocument, DeletingEveryTargetOnceThenCompactingKeepsReferencesSo
     else if (c == container::ConvectiveSurfaces) doc.ConvectiveSurfaces().Delete({victim});
     else if (c == container::Points) doc.Geometry().Points().Delete({victim});
     else if (c == container::Regions) doc.Geometry().Regions().Delete({victim});
-    else ADD_FAILURE() << "no way to delete from " << c << " (" << (t ? t->ID() : 0) << ")";
+    else if (c == container::Lines) doc.Geometry().Lines().Delete({victim});
+    else if (c == container::StructuralBarAttributes) doc.StructuralBarAttributes().Delete({victim});
+    else if (c == container::StructuralBeamAttributes) doc.StructuralBeamAttributes().Delete({victim});
+    else ADD_FAILURE() << "no way to delete from container " << c;
     ExpectSound("after a deletion");
   }
   doc.ContainerManager().FullCompact();
@@ -353,6 +390,9 @@ TEST_F(GeneratedDocument, RandomDeletionsAndCompactionsKeepReferencesSound) {
     else if (c == container::ConvectiveSurfaces) doc.ConvectiveSurfaces().Delete(victims);
     else if (c == container::Points) doc.Geometry().Points().Delete(victims);
     else if (c == container::Regions) doc.Geometry().Regions().Delete(victims);
+    else if (c == container::Lines) doc.Geometry().Lines().Delete(victims);
+    else if (c == container::StructuralBarAttributes) doc.StructuralBarAttributes().Delete(victims);
+    else if (c == container::StructuralBeamAttributes) doc.StructuralBeamAttributes().Delete(victims);
     else continue;
     ExpectSound("during the sequence");
     if (rng() % 4 == 0) {
