@@ -11,8 +11,8 @@
 //   001/003/node.csv           NameNode(name, 3)
 //   001/000/slice_2.csv        NameSlice(name, 2, 0)
 //
-// The builders take the result folder as a doc::file::Name (a path ending in
-// a separator, e.g. doc::file::Name(L"001/")).
+// The builders take the result folder as a ::doc::file::Name (a path ending in
+// a separator, e.g. ::doc::file::Name(L"001/")).
 //
 // Earlier generation (stability outputs beside the project file): the
 // builders take the project's name and keep its folder and stem
@@ -49,27 +49,27 @@ std::wstring FName(GID analysis);
 std::wstring StepFolder(int step);
 
 // Per-step tables.
-std::wstring NameBar(const doc::file::Name& name, int step);
-std::wstring NameFlux(const doc::file::Name& name, int step);
-std::wstring NameGauss(const doc::file::Name& name, int step);
-std::wstring NameGauss1D(const doc::file::Name& name, int step);
-std::wstring NameNode(const doc::file::Name& name, int step);
-std::wstring NameSlipSurface(const doc::file::Name& name, int step);
-std::wstring NameSurfaceLayer(const doc::file::Name& name, int step);
-std::wstring NameInterSlice(const doc::file::Name& name, int surface, int step);
-std::wstring NameLambdaFOS(const doc::file::Name& name, int surface, int step);
-std::wstring NameSlice(const doc::file::Name& name, int surface, int step);
+std::wstring NameBar(const ::doc::file::Name& name, int step);
+std::wstring NameFlux(const ::doc::file::Name& name, int step);
+std::wstring NameGauss(const ::doc::file::Name& name, int step);
+std::wstring NameGauss1D(const ::doc::file::Name& name, int step);
+std::wstring NameNode(const ::doc::file::Name& name, int step);
+std::wstring NameSlipSurface(const ::doc::file::Name& name, int step);
+std::wstring NameSurfaceLayer(const ::doc::file::Name& name, int step);
+std::wstring NameInterSlice(const ::doc::file::Name& name, int surface, int step);
+std::wstring NameLambdaFOS(const ::doc::file::Name& name, int surface, int step);
+std::wstring NameSlice(const ::doc::file::Name& name, int surface, int step);
 
 // Whole-run tables.
-std::wstring NameTime(const doc::file::Name& name);
-std::wstring NameTimeStep(const doc::file::Name& name);
-std::wstring NameHistoryParticle(const doc::file::Name& name, GID particle);
-std::wstring NameHistoryPoint(const doc::file::Name& name, GID point);
+std::wstring NameTime(const ::doc::file::Name& name);
+std::wstring NameTimeStep(const ::doc::file::Name& name);
+std::wstring NameHistoryParticle(const ::doc::file::Name& name, GID particle);
+std::wstring NameHistoryPoint(const ::doc::file::Name& name, GID point);
 
 // A named data table: "<text>.csv" alone, or inside the result folder for one
 // time, "<text>_<time>.csv" with the time written in its shortest exact form.
 std::wstring NameData(const std::wstring& text);
-std::wstring NameData(const doc::file::Name& name, const std::wstring& text, double time);
+std::wstring NameData(const ::doc::file::Name& name, const std::wstring& text, double time);
 
 // Earlier-generation stability outputs. `step` > 0 marks the outputs computed
 // from the pore pressures of that step of a transient parent: "_<step>" joins
@@ -77,16 +77,16 @@ std::wstring NameData(const doc::file::Name& name, const std::wstring& text, dou
 // carry its number as "%02d" before the extension, and from surface 100 on
 // as "-<surface>" (so that step 2 surface 101 and step 21 surface 1 differ);
 // surface 0 names the optimised surface (".optfrc", ".optpro").
-std::wstring NameFofS(const doc::file::Name& name, int step);
-std::wstring NameForces(const doc::file::Name& name, int surface, int step);
-std::wstring NameProbability(const doc::file::Name& name, int surface, int step);
+std::wstring NameFofS(const ::doc::file::Name& name, int step);
+std::wstring NameForces(const ::doc::file::Name& name, int surface, int step);
+std::wstring NameProbability(const ::doc::file::Name& name, int surface, int step);
 // The primary results of one step of an earlier-generation analysis: the
 // stem and the kind's primary extension with the step as "%02d" in place of
 // its "*" (".h03"); the stability ".fac" takes no step. Empty when the kind
 // and method name no primary file.
-std::wstring NamePrimary(const doc::file::Name& name, AnalysisKind kind, AnlsMethod method,
+std::wstring NamePrimary(const ::doc::file::Name& name, AnalysisKind kind, AnlsMethod method,
                          int step);
-std::wstring NameMark(const doc::file::Name& name);     // ".mrk"
-std::wstring NameNewmark(const doc::file::Name& name);  // ".new"
+std::wstring NameMark(const ::doc::file::Name& name);     // ".mrk"
+std::wstring NameNewmark(const ::doc::file::Name& name);  // ".new"
 
 }  // namespace v7::qvifile::result
