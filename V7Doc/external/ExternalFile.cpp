@@ -40,18 +40,11 @@ bool IsKnown(ExternalFileType t) {
   return static_cast<std::int32_t>(t) >= 0 && static_cast<std::int32_t>(t) < kNumExternalFileTypes;
 }
 
-std::wstring Replace(std::wstring text, const std::wstring& with) {
-  const std::wstring placeholder = ExternalFile::kIndexPlaceholder;
-  for (std::size_t at = text.find(placeholder); at != std::wstring::npos; at = text.find(placeholder, at))
-    text.replace(at, placeholder.size(), with);
-  return text;
-}
-
 }  // namespace
 
 std::pair<std::wstring, std::wstring> ExternalFile::Patterns(ExternalFileType type, AnalysisKind kind) {
   if (!IsKnown(type)) return {};
-  const std::wstring base = std::wstring(L"doc::Analyses()[") + kIndexPlaceholder + L"].";
+  const std::wstring base = L"doc::Analyses()[" + std::wstring(kIndexPlaceholder) + L"].";
   const FileKind& k = KindOf(type);
   // A stability analysis reads its pore-water pressure source through its
   // own accessor.
@@ -74,8 +67,7 @@ ANALYSIS* ExternalFile::Record() {
 std::pair<std::wstring, std::wstring> ExternalFile::GetValues() const {
   const ANALYSIS* a = Record();
   auto [option, path] = Patterns(type_, a ? a->kind : AnalysisKind::None);
-  const std::wstring index = str::to_wstring(static_cast<unsigned long long>(anlsId_));
-  return {Replace(option, index), Replace(path, index)};
+  return {doc::FillIndex(option, anlsId_), doc::FillIndex(path, anlsId_)};
 }
 
 InitialCondOption ExternalFile::NormInitialCondOption() const {

@@ -7,10 +7,12 @@
 // members of a live document ("doc::Analyses()[3].InitThermCondOption_").
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <utility>
 
 #include "V7Doc/analysis/ANALYSISTable.h"
 #include "V7Doc/core/GID.h"
+#include "V7Doc/files/DocumentPaths.h"
 
 namespace v7 {
 
@@ -35,7 +37,7 @@ class ExternalFile {
  public:
   using ResultPath = v7qvi::analysis::ResultPath;
   // The placeholder of the analysis in the path expressions.
-  static constexpr const wchar_t* kIndexPlaceholder = L"OC_INDEX1";
+  static constexpr std::wstring_view kIndexPlaceholder = doc::kIndexPlaceholder;
 
   ExternalFile(ANALYSISTable& analyses, GID anlsId, ExternalFileType type)
       : analyses_(&analyses), anlsId_(anlsId), type_(type) {}

@@ -33,6 +33,15 @@ const oc::Member* RootMember(std::wstring_view name) {
 
 }  // namespace
 
+std::wstring FillIndex(std::wstring_view expression, std::uint64_t index1) {
+  std::wstring text(expression);
+  const std::wstring n = str::to_wstring(static_cast<unsigned long long>(index1));
+  for (std::size_t at = text.find(kIndexPlaceholder); at != std::wstring::npos;
+       at = text.find(kIndexPlaceholder, at + n.size()))
+    text.replace(at, kIndexPlaceholder.size(), n);
+  return text;
+}
+
 gtl::status NormalizeExpression(std::wstring_view expression, std::optional<std::uint64_t> index1,
                                 std::wstring& path) {
   const std::wstring where(expression);
@@ -42,14 +51,9 @@ gtl::status NormalizeExpression(std::wstring_view expression, std::optional<std:
     if (!rest.starts_with(L".")) return oc::OCError::not_recognized(where, L"a member after the document");
     rest.remove_prefix(1);
   }
-  std::wstring text(rest);
-  for (std::size_t at = text.find(kIndexPlaceholder); at != std::wstring::npos;
-       at = text.find(kIndexPlaceholder, at)) {
-    if (!index1) return oc::OCError::not_recognized(std::wstring(kIndexPlaceholder), where);
-    const std::wstring n = str::to_wstring(static_cast<unsigned long long>(*index1));
-    text.replace(at, kIndexPlaceholder.size(), n);
-    at += n.size();
-  }
+  if (!index1 && rest.find(kIndexPlaceholder) != std::wstring_view::npos)
+    return oc::OCError::not_recognized(std::wstring(kIndexPlaceholder), where);
+  const std::wstring text = index1 ? FillIndex(rest, *index1) : std::wstring(rest);
   std::vector<oc::PathStep> steps;
   if (auto s = oc::ParsePath(text, steps); s.failed()) return s;
   path.clear();

@@ -29,6 +29,9 @@ inline constexpr std::wstring_view kCurrentDocumentCall = L"QVDocumentGetCurrent
 // The placeholder for the index of the analysis an expression is about.
 inline constexpr std::wstring_view kIndexPlaceholder = L"OC_INDEX1";
 
+// `expression` with every "OC_INDEX1" replaced by `index1`.
+std::wstring FillIndex(std::wstring_view expression, std::uint64_t index1);
+
 // Rewrites `expression` as a plain path of the document (member names and
 // indices): the leading current-document call dropped, the alias resolved
 // to its member, calls turned into member names, and "OC_INDEX1" replaced

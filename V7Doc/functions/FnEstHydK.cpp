@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "QVI/str/Messages.h"
+#include "V7Doc/core/ContainerIDs.h"
 #include "V7Doc/document/QVDocument.h"
 #include "V7Doc/functions/FnAttrCheck.h"
 #include "V7Doc/functions/FnFunc2DTable.h"
@@ -23,7 +24,6 @@ namespace {
 const FnKindRegistrar kEstHydK(FnEstHydK::TypeName(), &CreateFn<FnEstHydK>);
 
 constexpr double kLn10 = 2.302585092994046;
-constexpr GID kVolWCFns = 14;
 
 // The water content tabulated against suction.
 struct WCTable {
@@ -61,19 +61,19 @@ void FnEstHydK::GetDataAttributes(std::vector<FnAttr>& attrs) const {
 }
 
 void FnEstHydK::GetFnReferences(std::vector<FnReference>& refs) const {
-  refs.push_back({kVolWCFns, volWCFnNum_});
+  refs.push_back({container::VolWCFns, volWCFnNum_});
 }
 
 gtl::status FnEstHydK::Generate(const std::vector<double>& suctions, std::vector<double>& values) const {
   fit_ = {};
   if (!(hydKSat_ > 0)) return EstimateError(str::load_wstring(33518));
-  const Func2D* f = FindFunc2D(kVolWCFns, static_cast<int>(std::min<std::uint32_t>(volWCFnNum_, 0x7FFFFFFF)));
+  const Func2D* f = FindFunc2D(container::VolWCFns, static_cast<int>(std::min<std::uint32_t>(volWCFnNum_, 0x7FFFFFFF)));
   if (!f) return EstimateError(str::format(str::load_wstring(33515), volWCFnNum_));
   if (gtl::status s = CheckFnReferences(*this); s.failed()) return s;
   const int wcNum = static_cast<int>(std::min<std::uint32_t>(volWCFnNum_, 0x7FFFFFFF));
   auto theta = [&](double s) {
     const double x = -s;
-    return CalculateFunc2D(kVolWCFns, wcNum, &x, nullptr);
+    return CalculateFunc2D(container::VolWCFns, wcNum, &x, nullptr);
   };
 
   // Step 1: the 50-point table from Min to the suction limit.
