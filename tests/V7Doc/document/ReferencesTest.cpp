@@ -1,7 +1,3 @@
-// Declared references in a whole document: every reference any record type
-// declares is found, answers usage queries, follows renumbering and is
-// cleared when its record goes, under random deletions and compactions; a
-// loaded document reports references to nothing and keeps them.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -30,11 +26,8 @@ GID Pick(Rng& rng, const std::vector<GID>& from) {
   return from.empty() ? 0 : from[std::uniform_int_distribution<std::size_t>(0, from.size() - 1)(rng)];
 }
 
-// Sets every reference `type` declares in `rec` (nested records and lists
-// included, lists filled with one to three elements) to a random live
-// record. Only what the declarations say is touched, so a reference added
-// to any record type is generated without changing this test. With
-// `settingsOnly`, the collections of a top-level object are left out.
+// Sets every reference `type` declares in `rec` to a random live record;
+// `settingsOnly` leaves out the collections of a top-level object.
 void FillRefs(const oc::RecordType& type, void* rec, Rng& rng, const Pools& pools,
               bool settingsOnly = false) {
   static const std::vector<GID> kViaTargets = {container::Points, container::Regions,
@@ -84,15 +77,12 @@ void FillRefs(const oc::RecordType& type, void* rec, Rng& rng, const Pools& pool
   }
 }
 
-// One reference as a walk of the document meets it.
 struct Site {
   GID holderContainer, holder;
   const oc::Member* member;
   GID target, value;
 };
 
-// Every declared reference of every bound collection of the document, and
-// of the document's own settings (its record 0).
 std::vector<Site> Sites(QVDocument& doc) {
   struct Collect final : oc::RefVisitor {
     GID container = 0, holder = 0;
@@ -265,10 +255,7 @@ struct GeneratedDocument : ::testing::Test {
     return tracker.Now(holderContainer, holder);
   }
 
-  // Each reference of the start follows its record or is gone: per holder
-  // and member, the references now are the start's, renumbered, with
-  // cleared ones 0 or left out; where nothing of a holder was cleared they
-  // are exactly the start's renumbered.
+  // Each reference of the start follows its record (renumbered) or is gone.
   void ExpectFollowed() {
     using Key = std::tuple<GID, GID, const oc::Member*>;
     std::map<Key, std::vector<GID>> then, now;

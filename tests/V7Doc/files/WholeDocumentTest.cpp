@@ -1,8 +1,3 @@
-// The whole document: a document generated from the declarations (every
-// member set away from its default, every collection holding records, a
-// deleted row in every identified table) survives a save and a load record
-// for record and byte for byte; and every persisted collection path, alias
-// and path expression of the schema reaches what it names.
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -55,7 +50,6 @@ class Filler {
   }
 
   void Array(const oc::IOC& c, const oc::Member& m, void* coll, int salt) {
-    // A map whose key is read-only by path is filled through its own API.
     if (m.record && HasReadOnly(m.record())) return;
     if (m.seq->Size(coll) == 0) m.seq->Resize(coll, std::min<std::size_t>(2, m.seq->MaxSize()));
     collections.insert(&m);
@@ -130,8 +124,6 @@ class Filler {
   }
 };
 
-// The sample: the generic fill, then what the fill leaves alone (maps keyed
-// by record, read-only by path).
 void Generate(QVDocument& doc, Filler& f) {
   doc.DataInit();
   const oc::IODS ds = DocumentStore(doc);
@@ -150,7 +142,6 @@ bool Equal(const QVDocument& a, const QVDocument& b) {
   return oc::TypeOf<QVDocument>().Ops().equal(&a, &b);
 }
 
-// Every collection below the root, by walking the declarations.
 void Collections(const oc::RecordType& t, std::set<const oc::Member*>& out, std::set<const oc::RecordType*>& seen) {
   if (!seen.insert(&t).second) return;
   for (const auto& m : t.Members()) {
@@ -195,8 +186,6 @@ TEST(WholeDocument, GeneratedDocumentRoundTripsRecordByRecordAndByteForByte) {
   EXPECT_FALSE(Equal(doc, loaded));
 }
 
-// DataInit on a document in use gives a new project: every declared member
-// back to what a new document holds.
 TEST(WholeDocument, DataInitResetsEveryMember) {
   QVDocument doc, fresh;
   Filler f;
@@ -207,9 +196,6 @@ TEST(WholeDocument, DataInitResetsEveryMember) {
   EXPECT_EQ(Xml(doc), Xml(fresh));
 }
 
-// Every collection path of the schema, from the root, with the tag of one
-// element: the path resolves by persisted tags, is a collection, and names
-// its elements as written.
 TEST(WholeDocument, EveryCollectionPathResolves) {
   QVDocument doc;
   Filler f;
@@ -245,8 +231,6 @@ TEST(WholeDocument, EveryCollectionPathResolves) {
   }
 }
 
-// Every alias reaches the member it names; the path expressions reach the
-// same nodes as the plain paths.
 TEST(WholeDocument, AliasesAndPathExpressionsResolve) {
   QVDocumentHandle current(new QVDocument);
   Filler f;
@@ -294,8 +278,6 @@ TEST(WholeDocument, AliasesAndPathExpressionsResolve) {
       EXPECT_TRUE(a == m);
     }
   }
-  // The function tables under their descriptive aliases; the persisted short
-  // names are the members.
   const std::pair<const wchar_t*, const wchar_t*> functions[] = {
       {L"HydKFns", L"HKFns"}, {L"StressKSigmaCorrFns", L"DKsFns"}, {L"ProbFns", L"ProbFns"},
       {L"ContamBoundFns", L"ConcBFns"}, {L"ClimateBoundRootDepthFns", L"RDFns"}};
@@ -317,8 +299,6 @@ TEST(WholeDocument, AliasesAndPathExpressionsResolve) {
   EXPECT_TRUE(doc::FindInCurrent(L"QVDocumentGetCurrent().analyses", node).failed());
 }
 
-// "StabPWPCondSource" reads into the analysis's pore-water pressure source
-// and is written once, under that source's own name.
 TEST(WholeDocument, StabPWPCondSourceIsReadIntoTheSourceAndWrittenOnce) {
   QVDocument doc;
   doc.DataInit();
@@ -340,8 +320,6 @@ TEST(WholeDocument, StabPWPCondSourceIsReadIntoTheSourceAndWrittenOnce) {
   EXPECT_NE(again.find("<InitialCondSource>PiezoLine</InitialCondSource>"), std::string::npos);
 }
 
-// Verify reports a stored value outside its declared traits, naming where,
-// and passes a document whose values were all set through the checks.
 TEST(WholeDocument, VerifyFindsValuesOutsideTheirTraits) {
   QVDocument doc;
   Filler f;
