@@ -1,3 +1,8 @@
+// The whole document: a document generated from the declarations (every
+// member set away from its default, every collection holding records, a
+// deleted row in every identified table) survives a save and a load record
+// for record and byte for byte; and every persisted collection path, alias
+// and path expression of the schema reaches what it names.
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -50,6 +55,7 @@ class Filler {
   }
 
   void Array(const oc::IOC& c, const oc::Member& m, void* coll, int salt) {
+    // A map whose key is read-only by path is filled through its own API.
     if (m.record && HasReadOnly(m.record())) return;
     if (m.seq->Size(coll) == 0) m.seq->Resize(coll, std::min<std::size_t>(2, m.seq->MaxSize()));
     collections.insert(&m);
@@ -124,6 +130,8 @@ class Filler {
   }
 };
 
+// The sample: the generic fill, then what the fill leaves alone (maps keyed
+// by record, read-only by path).
 void Generate(QVDocument& doc, Filler& f) {
   doc.DataInit();
   const oc::IODS ds = DocumentStore(doc);
@@ -142,6 +150,7 @@ bool Equal(const QVDocument& a, const QVDocument& b) {
   return oc::TypeOf<QVDocument>().Ops().equal(&a, &b);
 }
 
+// Every collection below the root, by walking the declarations.
 void Collections(const oc::RecordType& t, std::set<const oc::Member*>& out, std::set<const oc::RecordType*>& seen) {
   if (!seen.insert(&t).second) return;
   for (const auto& m : t.Members()) {
@@ -157,6 +166,8 @@ TEST(WholeDocument, GeneratedDocumentRoundTripsRecordByRecordAndByteForByte) {
   Generate(doc, f);
   for (const auto& r : f.refused) ADD_FAILURE() << "left at its default: " << str::to_utf8(r);
 
+  // Every collection of the schema was given elements (maps keyed by record
+  // through their own API).
   std::set<const oc::Member*> all;
   std::set<const oc::RecordType*> seen;
   Collections(oc::TypeOf<QVDocument>(), all, seen);
@@ -176,15 +187,19 @@ TEST(WholeDocument, GeneratedDocumentRoundTripsRecordByRecordAndByteForByte) {
     if (w.id() != 31090) ADD_FAILURE() << str::to_utf8(w.message());
   EXPECT_TRUE(Equal(doc, loaded));
   EXPECT_EQ(first, Xml(loaded));
+  // Spot checks that the comparison sees the new records at all.
   ASSERT_NE(loaded.StabItems().Find(1), nullptr);
   EXPECT_TRUE(loaded.StabItems().Find(1)->slipSurfaces_.IsValidID(3));
   EXPECT_FALSE(loaded.StabItems().Find(1)->slipSurfaces_.IsValidID(2));
   EXPECT_EQ(loaded.StabItems().Find(1)->slipSurfaces_.At(3).nID_, 3u) << "stored ID follows the slot";
+  EXPECT_EQ(loaded.Sketch().texts_.Size(), 3u);
   EXPECT_EQ(loaded.StructuralBeamAttributes().At(3), doc.StructuralBeamAttributes().At(3));
   loaded.StructuralBeamAttributes().At(3).fMomentOfInertia_ *= 2;
   EXPECT_FALSE(Equal(doc, loaded));
 }
 
+// DataInit on a document in use gives a new project: every declared member
+// back to what a new document holds.
 TEST(WholeDocument, DataInitResetsEveryMember) {
   QVDocument doc, fresh;
   Filler f;
@@ -195,6 +210,9 @@ TEST(WholeDocument, DataInitResetsEveryMember) {
   EXPECT_EQ(Xml(doc), Xml(fresh));
 }
 
+// Every collection path of the schema, from the root, with the tag of one
+// element: the path resolves by persisted tags, is a collection, and names
+// its elements as written.
 TEST(WholeDocument, EveryCollectionPathResolves) {
   QVDocument doc;
   Filler f;
@@ -204,20 +222,67 @@ TEST(WholeDocument, EveryCollectionPathResolves) {
     const wchar_t* element;
   };
   const Case cases[] = {
-      {L"Analyses", L"Analysis"}, {L"AnalysisUsesSketchTexts", L"AnalysisUsesSketchText"},
+      {L"Analyses", L"Analysis"}, {L"Materials", L"Material"}, {L"BCs", L"BC"},
+      {L"ClimateDataSets", L"ClimateDataSet"},
+      {L"AnalysisUsesSketchTexts", L"AnalysisUsesSketchText"},
+      {L"Contexts", L"Context"},
+      {L"Contexts[1].CCWLineSideUsesMaterials", L"CCWLineSideUsesMaterial"},
+      {L"Contexts[1].CWLineSideUsesMaterials", L"CWLineSideUsesMaterial"},
+      {L"Contexts[1].GeometryUsesAirBCs", L"GeometryUsesAirBC"},
+      {L"Contexts[1].GeometryUsesContaminantBCs", L"GeometryUsesContaminantBC"},
+      {L"Contexts[1].GeometryUsesGasBCs", L"GeometryUsesGasBC"},
       {L"Contexts[1].GeometryUsesHydraulicBCs", L"GeometryUsesHydraulicBC"},
+      {L"Contexts[1].GeometryUsesRotBCs", L"GeometryUsesRotBC"},
+      {L"Contexts[1].GeometryUsesThermBCs", L"GeometryUsesThermBC"},
+      {L"Contexts[1].GeometryUsesXDispBCs", L"GeometryUsesXDispBC"},
+      {L"Contexts[1].GeometryUsesYDispBCs", L"GeometryUsesYDispBC"},
+      {L"Contexts[1].LineUsesBars", L"LineUsesBar"},
+      {L"Contexts[1].LineUsesBeams", L"LineUsesBeam"},
+      {L"Contexts[1].MaterialUsesBBarParams", L"MaterialUsesBBarParam"},
+      {L"Contexts[1].MaterialUsesPiezs", L"MaterialUsesPiez"},
+      {L"Contexts[1].MaterialUsesRuParams", L"MaterialUsesRuParam"},
       {L"Contexts[1].RegionUsesMaterials", L"RegionUsesMaterial"},
-      {L"GeometryItems.Lines", L"Lines"}, {L"GeometryItems.Mesh.Constraints", L"GGID"},
-      {L"MeshItems.Elements", L"EL"}, {L"MeshItems.NodePairs", L"NodePair"}, {L"Items.Nodes", L"N"},
+      {L"GeometryItems.Points", L"Point"}, {L"GeometryItems.Lines", L"Lines"},
+      {L"GeometryItems.Regions", L"Region"}, {L"GeometryItems.Mesh.Constraints", L"GGID"},
+      {L"MeshItems.Elements", L"EL"}, {L"MeshItems.Elements1D", L"EL1D"},
+      {L"MeshItems.NodePairs", L"NodePair"}, {L"Items.Nodes", L"N"},
       {L"Functions.Material.Hydraulic.KFns[1].Points", L"Point"},
       {L"HydroItems[0].Entry.FlowPaths[0].Points", L"Pt"},
+      {L"Analyses[1].TimeIncrements.TimeSteps", L"TimeStep"},
       {L"Analyses[1].TimeIncrements.FixedTimes", L"TimeStep"},
+      {L"Analyses[1].TimeIncrements.CustomSteps", L"CustomStep"},
       {L"Contour.ResultGraphs[1].ElapsedTimes", L"Time"},
+      {L"ClimateDataSets[1].ClimateEntries", L"ClimateEntry"},
+      {L"BarAttributes", L"BarAttribute"}, {L"BeamAttributes", L"BeamAttribute"},
+      {L"StabItems[0].Entry.Reinforcements", L"Reinforcement"},
+      {L"ConvectiveSurfaces", L"ConvectiveSurface"}, {L"ThermoSyphons", L"ThermoSyphon"},
+      {L"SketchItems.Images", L"Image"}, {L"SketchItems.Labels", L"Label"},
+      {L"StabItems[0].Entry.LineLoadPoints", L"LineLoadPoint"},
+      {L"HydroItems[0].Entry.InitialWaterTables", L"InitialWaterTable"},
+      {L"HydroItems[0].Entry.FlowPaths", L"FlowPath"},
+      {L"HydroItems[0].Entry.FluxLabels", L"FluxLabel"},
+      {L"HydroItems[0].Entry.FluxSections", L"FluxSection"},
       {L"HydroItems[0].Entry.FluxSections[1].Sectons", L"Fluxsect"},
+      {L"SoluteItems[0].Entry.Particles", L"Particle"},
+      {L"SoluteItems[0].Entry.ParticlePairs", L"ParticlePair"},
       {L"ShakeItems[0].Entry.EarthquakeRecords.Horizontal.Records", L"Record"},
-      {L"SoluteItems[0].Entry.Sources", L"ID"}, {L"StabItems", L"StabItem"},
+      {L"SoluteItems[0].Entry.Sources", L"ID"},
+      {L"DeformItems[0].Entry.IgnoredItems", L"ID"},
+      {L"ShakeItems[0].Entry.POGHPoints", L"POGHPoint"},
+      {L"StabItems", L"StabItem"}, {L"HydroItems", L"HydroItem"}, {L"DeformItems", L"DeformItem"},
+      {L"ShakeItems", L"ShakeItem"}, {L"ThermoItems", L"ThermoItem"},
+      {L"SoluteItems", L"SoluteItem"}, {L"EvapoItems", L"EvapoItem"},
+      {L"StabItems[0].Entry.DataPoints", L"DataPoint"},
+      {L"StabItems[0].Entry.PiezometricLines", L"PiezometricLine"},
+      {L"StabItems[0].Entry.PressureLines", L"PressureLine"},
+      {L"StabItems[0].Entry.FullySpecifiedSlipSurfaces", L"FullySpecifiedSlipSurface"},
       {L"StabItems[0].Entry.FullySpecFixedPoints", L"FixedPoint"},
-      {L"View.CustomColors", L"Color"}, {L"View.PointLabel", L"Point"}, {L"Functions.Func3Ds", L"Fn3D"},
+      {L"SketchItems.SkArcs", L"SkArc"}, {L"SketchItems.SkCircles", L"SkCircle"},
+      {L"SketchItems.SkLines", L"SkLine"}, {L"SketchItems.SkTexts", L"SkText"},
+      {L"Contour.ResultSets", L"ResultSet"}, {L"Contour.ResultContours", L"ResultContour"},
+      {L"Contour.ResultGraphs", L"ResultGraph"}, {L"Contour.CutLines", L"CutLine"},
+      {L"View.Preferences.VectorDefs", L"VectorDef"}, {L"View.CustomColors", L"Color"},
+      {L"View.PointLabel", L"Point"}, {L"Functions.Func3Ds", L"Fn3D"},
   };
   for (const Case& c : cases) {
     SCOPED_TRACE(str::to_utf8(c.path));
@@ -230,6 +295,8 @@ TEST(WholeDocument, EveryCollectionPathResolves) {
   }
 }
 
+// Every alias reaches the member it names; the path expressions reach the
+// same nodes as the plain paths.
 TEST(WholeDocument, AliasesAndPathExpressionsResolve) {
   QVDocumentHandle current(new QVDocument);
   Filler f;
@@ -242,17 +309,52 @@ TEST(WholeDocument, AliasesAndPathExpressionsResolve) {
   };
   const Case cases[] = {
       {L"v7::doc::View::AnalysisLastViewed", L"analysisLastViewed", {}},
+      {L"v7::doc::View::ModeLastViewed", L"modeLastViewed", {}},
+      {L"v7::doc::View::ResultTimeLastViewed", L"resultTimeLastViewed", {}},
+      {L"v7::doc::View::BaseTimeLastViewed", L"baseTimeLastViewed", {}},
       {L"defdoc::View::TimeStepsForCurrentAnalysisOnly", L"bTimeStepsForCurrentAnalysisOnly", {}},
+      {L"doc::FileInfo", L"fileInfo", {}},
       {L"defdoc::FileInfo.Title", L"fileInfo.title_", {}},
+      {L"doc::View::Font", L"viewFont", {}},
+      {L"doc::View::Window", L"wnd", {}},
+      {L"v7::doc::Geometry::Manager", L"geometry", {}},
       {L"v7::doc::Geometry::PointAssocDisp[1]", L"pointAssocDisp[1]", {}},
       {L"v7::doc::Sketch.SkTexts[3]", L"sketchItems.texts_[3]", {}},
+      {L"v7::doc::AssociationsTable", L"anlsAssocs", {}},
       {L"doc::BCs", L"boundaryConditions", {}},
       {L"v7::result::CutLines", L"cutLines", {}},
+      {L"doc::Coordinates::Eng", L"eng", {}},
       {L"doc::Coordinates::Page", L"page", {}},
+      {L"v7::doc::Geometry::MeshConstraintAssoc[3]", L"meshConstraintAssoc[3]", {}},
+      {L"v7::doc::ConvectiveSurfaces", L"hPipeSurfMem", {}},
+      {L"doc::ThermoSyphons", L"hThermoMem", {}},
+      {L"v7::result::ResultSets", L"resultSets", {}},
+      {L"v7::result::ResultGraphs", L"resultGraphs", {}},
       {L"v7::doc::ExclAnlsIDbySkTxt", L"exclusiveAnlsIDbySkTextID", {}},
+      {L"doc::StructuralBarAttributes", L"structuralBarAttributes", {}},
+      {L"doc::StructuralBeamAttributes", L"structuralBeamAttributes", {}},
+      {L"v7::doc::Function::Func3Ds", L"func3Ds", {}},
+      {L"v7::doc::Function::StressRecModulusFns", L"RecModulusFns", {}},
       {L"QVDocumentGetCurrent().analyses", L"analyses", {}},
+      {L"QVDocumentGetCurrent().points", L"points", {}},
+      {L"QVDocumentGetCurrent().lines", L"lines", {}},
+      {L"QVDocumentGetCurrent().regions", L"regions", {}},
+      {L"QVDocumentGetCurrent().hMatlMem", L"hMatlMem", {}},
+      {L"QVDocumentGetCurrent().structuralBarAttributes", L"structuralBarAttributes", {}},
+      {L"QVDocumentGetCurrent().structuralBeamAttributes", L"structuralBeamAttributes", {}},
+      {L"QVDocumentGetCurrent().func3Ds", L"func3Ds", {}},
+      {L"QVDocumentGetCurrent().cutLines", L"cutLines", {}},
+      {L"QVDocumentGetCurrent().resultGraphs", L"resultGraphs", {}},
+      {L"QVDocumentGetCurrent().resultContours", L"resultContours", {}},
+      {L"QVDocumentGetCurrent().exclusiveAnlsIDbySkTextID", L"exclusiveAnlsIDbySkTextID", {}},
+      {L"QVDocumentGetCurrent().meshConstraintAssoc", L"meshConstraintAssoc", {}},
       {L"QVDocumentGetCurrent().surface", L"surface", {}},
+      {L"QVDocumentGetCurrent().HKFns", L"HKFns", {}},
+      {L"QVDocumentGetCurrent().AirBFns", L"AirBFns", {}},
       {L"v7::doc::Climate()", L"climateData", {}},
+      {L"v7::doc::ThermoSyphons()", L"hThermoMem", {}},
+      {L"v7::doc::ConvectiveSurfaces()", L"hPipeSurfMem", {}},
+      {L"v7::doc::FileInfo()", L"fileInfo", {}},
       {L"doc::Analyses()[OC_INDEX1].InitPWPCondOption_", L"analyses[3].InitPWPCondOption_", 3},
       {L"doc::Analyses()[OC_INDEX1].GetStabPWPCondOption()", L"analyses[3].InitPWPCondOption_", 3},
       {L"doc::Analyses()[OC_INDEX1].inputFiles_.pathPWP", L"analyses[1].inputFiles_.pathPWP", 1},
@@ -277,19 +379,40 @@ TEST(WholeDocument, AliasesAndPathExpressionsResolve) {
       EXPECT_TRUE(a == m);
     }
   }
+  // The function tables under their descriptive aliases; the persisted short
+  // names are the members.
   const std::pair<const wchar_t*, const wchar_t*> functions[] = {
-      {L"HydKFns", L"HKFns"}, {L"StressKSigmaCorrFns", L"DKsFns"}, {L"ProbFns", L"ProbFns"},
-      {L"ContamBoundFns", L"ConcBFns"}, {L"ClimateBoundRootDepthFns", L"RDFns"}};
+      {L"HydKFns", L"HKFns"}, {L"HydVolWCFns", L"SFns"}, {L"AirKFns", L"AirKFns"},
+      {L"StressCyclicNumFns", L"DCFns"}, {L"StressSeedPWPFns", L"DPFns"},
+      {L"StressGReductionFns", L"DGFns"}, {L"StressDampingRatioFns", L"DDFns"},
+      {L"StressKAlphaCorrFns", L"DKaFns"}, {L"StressKSigmaCorrFns", L"DKsFns"},
+      {L"StressMFSPWPFns", L"MFSPFns"}, {L"StressEModulusFns", L"EModFns"},
+      {L"StressGmaxFns", L"GmaxFns"}, {L"StressKRedFns", L"KRedFns"},
+      {L"StressTotalEModulusFns", L"TotalEModFns"}, {L"StressTotalCohesionFns", L"TotalCFns"},
+      {L"StressRecModulusFns", L"RecModulusFns"}, {L"StressAnisoFns", L"AFns"},
+      {L"StressStrengthFns", L"StrengthFns"}, {L"ProbFns", L"ProbFns"},
+      {L"WeightFns", L"WeightFns"}, {L"CohesionFns", L"CohesionFns"}, {L"PhiFns", L"PhiFns"},
+      {L"ThermKFns", L"TKFns"}, {L"ThermKTempFns", L"TKTempFns"},
+      {L"ThermUnfrozenWCFns", L"UWCFns"}, {L"ThermVolSpecHeatFns", L"VSHFns"},
+      {L"ContamAdsorpFns", L"AdsFns"}, {L"ContamDiffusionFns", L"DifFns"},
+      {L"AirBoundFns", L"AirBFns"}, {L"HydBoundFns", L"HydBFns"}, {L"HydBoundModFns", L"HydMFns"},
+      {L"ThermBoundFns", L"ThermBFns"}, {L"ThermBoundModFns", L"ThermMFns"},
+      {L"GasBoundFns", L"GasBFns"}, {L"GasBoundModFns", L"GasMFns"},
+      {L"StressBoundFns", L"StressBFns"}, {L"ContamBoundFns", L"ConcBFns"},
+      {L"ClimateBoundLeafAreaIndexFns", L"LAIFns"}, {L"ClimateBoundPlantMoistLimitFns", L"PMLFns"},
+      {L"ClimateBoundRootDepthFns", L"RDFns"}};
   for (auto [alias, member] : functions) {
     SCOPED_TRACE(str::to_utf8(alias));
     oc::IOC a, m, e;
     ASSERT_TRUE(doc::FindInCurrent(std::wstring(L"v7::doc::Function::") + alias, a).succeeded());
     ASSERT_TRUE(oc::Find(DocumentStore(*current), member, m).succeeded());
     EXPECT_TRUE(a == m);
+    // "QVDocumentGetCurrent()." with the member reaches it too.
     ASSERT_TRUE(doc::FindInCurrent(std::wstring(L"QVDocumentGetCurrent().") + member, e).succeeded());
     EXPECT_TRUE(e == m);
   }
 
+  // Failures name what is wrong.
   oc::IOC node;
   EXPECT_TRUE(doc::FindInCurrent(L"doc::Analyses()[OC_INDEX1].Name", node).failed()) << "no index given";
   EXPECT_TRUE(doc::FindInCurrent(L"v7::doc::NoSuchThing()", node).failed());
@@ -298,6 +421,8 @@ TEST(WholeDocument, AliasesAndPathExpressionsResolve) {
   EXPECT_TRUE(doc::FindInCurrent(L"QVDocumentGetCurrent().analyses", node).failed());
 }
 
+// "StabPWPCondSource" reads into the analysis's pore-water pressure source
+// and is written once, under that source's own name.
 TEST(WholeDocument, StabPWPCondSourceIsReadIntoTheSourceAndWrittenOnce) {
   QVDocument doc;
   doc.DataInit();
@@ -319,6 +444,8 @@ TEST(WholeDocument, StabPWPCondSourceIsReadIntoTheSourceAndWrittenOnce) {
   EXPECT_NE(again.find("<InitialCondSource>PiezoLine</InitialCondSource>"), std::string::npos);
 }
 
+// Verify reports a stored value outside its declared traits, naming where,
+// and passes a document whose values were all set through the checks.
 TEST(WholeDocument, VerifyFindsValuesOutsideTheirTraits) {
   QVDocument doc;
   Filler f;
