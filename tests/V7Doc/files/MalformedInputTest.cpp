@@ -1,9 +1,5 @@
-// The malformed-input suite: documents, packages and result tables as a
-// damaged disk, a careless editor or a hostile sender would make them.
-// Every case either fails with a message that names what and where, leaving
-// the caller's document as it was, or is accepted for a stated reason.
-// The documents and tables are files under tests/data/malformed; packages,
-// being binary and some of them large once decompressed, are made here.
+// Damaged documents, packages and result tables: refused naming what and
+// where with the caller's document untouched, or accepted for a stated reason.
 #include <gtest/gtest.h>
 
 #include <cstdlib>
@@ -59,7 +55,6 @@ void Check(const Case& c, const fs::path& path) {
     ASSERT_TRUE(s.failed()) << "accepted";
     EXPECT_NE(s.message_utf8().find(c.part), std::string::npos) << s.message_utf8();
     EXPECT_NE(s.message_utf8().find(path.filename().string()), std::string::npos) << s.message_utf8();
-    // Nothing of the caller's is touched.
     ASSERT_EQ(doc.Analyses().Size(), 1u);
     EXPECT_EQ(doc.Analyses().At(1).name, L"kept");
     EXPECT_EQ(results.size(), 1u);
@@ -153,14 +148,10 @@ TEST(MalformedInput, Documents) {
     Check(c, DataDir() / "xml" / c.file);
     ++files;
   }
-  // Every file of the folder is in the table.
   EXPECT_EQ(static_cast<std::size_t>(std::distance(fs::directory_iterator(DataDir() / "xml"), {})), files);
 }
 
-// What `qvdoc info` and the results listing do: the document and the
-// package's directory are read, result entries never decompressed. A result
-// entry whose data is damaged shows it: the listing and a load without
-// results succeed, a load that asks for the results fails.
+// A damaged result entry: listing and a load without results succeed.
 TEST(MalformedInput, ListingNeverDecompressesResults) {
   const fs::path dir = fs::temp_directory_path() / ("qvv7_listing_" + std::to_string(::getpid()));
   fs::create_directories(dir);
@@ -192,8 +183,6 @@ TEST(MalformedInput, ListingNeverDecompressesResults) {
   fs::remove_all(dir);
 }
 
-// A document from another version, with an analysis kind this one does
-// not know: loaded with a warning, saved, and the name is still there.
 TEST(MalformedInput, UnknownNamesSurviveLoadAndSave) {
   const fs::path dir = fs::temp_directory_path() / ("qvv7_kept_" + std::to_string(::getpid()));
   fs::create_directories(dir);
@@ -216,8 +205,6 @@ TEST(MalformedInput, UnknownNamesSurviveLoadAndSave) {
   fs::remove_all(dir);
 }
 
-// Reading X and Y of each table: refused with the file, the row and the
-// column, or accepted for the reason given.
 TEST(MalformedInput, ResultTables) {
   const struct {
     const char* file;
@@ -262,8 +249,6 @@ TEST(MalformedInput, ResultTables) {
             std::size(cases));
 }
 
-// Packages, made here: entries that escape, bombs, methods we do not read,
-// a missing document, damaged archives.
 TEST(MalformedInput, Packages) {
   const fs::path dir = fs::temp_directory_path() / ("qvv7_malformed_" + std::to_string(::getpid()));
   fs::create_directories(dir);
@@ -311,7 +296,6 @@ TEST(MalformedInput, Packages) {
   if (zip_compression_method_supported(ZIP_CM_BZIP2, 1))
     cases.push_back({{"bzip2.qvz", true, "compressed with bzip2"},
                      zip("bzip2.qvz", {{"Document.xml", doc}, {"001/node.csv", zeros.substr(0, 1 << 20), ZIP_CM_BZIP2}})});
-  // Not a zip; a zip cut short (its directory lost).
   const std::string good = Slurp(dir / "store.qvz");
   std::ofstream(dir / "not_zip.qvz", std::ios::binary) << doc;
   std::ofstream(dir / "truncated.qvz", std::ios::binary) << good.substr(0, good.size() / 2);
