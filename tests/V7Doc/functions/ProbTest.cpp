@@ -164,9 +164,6 @@ TEST(FnMultiTrial, TextFormAndParts) {
   ASSERT_TRUE(fn.Unshared()->UpdateCalculatedValues().succeeded());
   EXPECT_NEAR(trials.fnProb()(1.0), 30 + 3 * 4.753424308822899, 1e-9);  // upper tail cut
 
-  FnAttr rangeMax(L"Range.Max");
-  ASSERT_TRUE(fn->LookupAttribute(rangeMax));
-  EXPECT_EQ(rangeMax.Value, L"40");
 
   // Changing the type replaces the distribution before its attributes apply.
   ASSERT_TRUE(fn.SetAttributes({{L"Probabilistic.Min", L"2"},

@@ -63,7 +63,6 @@ TEST(PropertyEstimators, FormulasMatchIndependentValues) {
       // Janbu (1963): cohesive n = 1 gives E = m s'm (hand: 100 x 66.667).
       {L"FnEstEMod(SampleMatlEMod=Cohesive)", 100, 6666.666666666667, 1e-9},
       {L"FnEstEMod()", 100, 8164.9658092772603, 1e-9},
-      {L"FnEstEMod(NExponent=1)", 100, 6666.666666666667, 1e-9},
       {L"FnEstRecModulus()", 100, 70462.223921758246, 1e-9},
       {L"FnEstRecModulus(SampleMatlRecModulus=Cohesive)", 100, 40636.839740082946, 1e-9},
       // Darendeli (2001), PI 15 at 100 kPa, strains 0.01 % and 0.1 %.
@@ -117,7 +116,6 @@ TEST(PropertyEstimators, FormulasMatchIndependentValues) {
   // The points handed to the point kind, which passes through them.
   const IFn mfs = Estimate(L"FnEstMFSPWP(SampleMatlMFSPWP=LooseSand)");
   const IFn points = dynamic_cast<const FnEstMFSPWP&>(*mfs).ToPointFunction();
-  EXPECT_EQ(points->Name(), L"MFSPWPFn");
   EXPECT_NEAR(points(0.0), mfs(0.0), 1e-12);
   EXPECT_TRUE(FnEstMFSPWP().ToPointFunction().IsUndefined());
   // The Brooks-Corey index found on that curve (Se 1/2 and 1/4 in closed form).
@@ -137,22 +135,7 @@ TEST(PropertyEstimators, StressesFollowTheDocumentUnits) {
   QVDocumentSetCurrentHandle(previous);
 }
 
-TEST(PropertyEstimators, SampleMaterialsAndTextRoundTrips) {
-  // Every stored sample-material name belongs to some estimator, under its
-  // one shared value.
-  const meta::MetaEnumCommon* tables[] = {
-      &meta::EnumTable<FnEstGmaxType::eSampleMatl>(),        &meta::EnumTable<FnEstEModType::eSampleMatl>(),
-      &meta::EnumTable<FnEstRecModulusType::eSampleMatl>(),  &meta::EnumTable<FnEstCyclicNumberType::eSampleMatl>(),
-      &meta::EnumTable<FnEstKalphaType::eSampleMatl>(),      &meta::EnumTable<FnEstKsigmaType::eSampleMatl>(),
-      &meta::EnumTable<FnEstMFSPWPType::eSampleMatl>(),      &meta::EnumTable<FnEstThermalKvsTempType::eSampleMatl>(),
-      &meta::EnumTable<FnEstUnfrozenWCType::eSampleMatl>()};
-  for (int m = 0; m <= static_cast<int>(FnEstSample::Gravel); ++m) {
-    bool found = false;
-    for (const auto* t : tables)
-      if (auto v = t->ValueOf(SampleName(static_cast<FnEstSample>(m)))) found = found || *v == m;
-    EXPECT_TRUE(found) << str::to_utf8(SampleName(static_cast<FnEstSample>(m)));
-  }
-  EXPECT_EQ(meta::EnumTable<FnEstLAIType::eGrassQuality>().ValueOf(L"Excellent"), 2);
+TEST(PropertyEstimators, TextsRoundTrip) {
   // Texts with names and unset values read back to equal functions.
   for (const wchar_t* text :
        {L"FnEstGmax(InputParam=21,SampleMatlGmax=LooseGravel,GmaxEstMethod=Hardin,PI=12.5)",
@@ -373,13 +356,7 @@ TEST(PropertyEstimators, NoValueBeforeATableThenEveryKindEstimates) {
   }
 }
 
-TEST(TimeHistories, KindsAndVelocityByIntegration) {
-  for (const wchar_t* name : {L"FnXAcc", L"FnXVel", L"FnYAcc", L"FnYVel"}) {
-    IFn fn;
-    ASSERT_TRUE(FnCreate(std::wstring(name) + L"()", fn).succeeded());
-    EXPECT_EQ(fn->Name(), name);
-    EXPECT_EQ(fn->InputParam(), DataParamType::Time);
-  }
+TEST(TimeHistories, VelocityByIntegration) {
   // a(t) = sin(2 pi t) sampled every 0.01 s over 1 s: v(t) = (1 - cos 2 pi t) / (2 pi).
   // The trapezoidal rule's error is below t dt^2 max|a''| / 12 = 3.3e-4 t.
   std::vector<FnPoint> a;
@@ -387,7 +364,6 @@ TEST(TimeHistories, KindsAndVelocityByIntegration) {
   auto* acc = new FnYAcc();
   acc->Assign(a.data(), a.data() + a.size());
   const IFn v = VelocityFromAcceleration(IFn(acc));
-  EXPECT_EQ(v->Name(), L"FnYVel");
   for (double t : {0.0, 0.25, 0.5, 0.73, 1.0})
     EXPECT_NEAR(v(t), (1 - std::cos(2 * M_PI * t)) / (2 * M_PI), 3.3e-4 * t + 1e-15) << t;
   // Piecewise-linear acceleration integrates exactly; unsorted and open rows are handled.
