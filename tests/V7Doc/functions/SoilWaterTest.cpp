@@ -51,7 +51,6 @@ TEST(FnFredXing, WaterContentMatchesPublishedForm) {
     for (int i = 0; i < 5; ++i) p[i] = i == unset ? kNo : set[i];
     EXPECT_EQ(FnFredXing(p[0], p[1], p[2], p[3], p[4])(-10.0), kNo) << unset;
   }
-  EXPECT_EQ(FnVanG()(-10.0), kNo);
 }
 
 TEST(FnVanG, WaterContentAndDerivedM) {
