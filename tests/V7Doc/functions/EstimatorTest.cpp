@@ -8,18 +8,15 @@
 #include "V7Doc/functions/FnEstVolWC.h"
 #include "V7Doc/functions/FnVanG.h"
 #include "V7Doc/functions/Func2D.h"
+#include "FnTestSupport.h"
 
 namespace v7 {
 namespace {
 
-constexpr double kNo = qvi::kNoValue;
+using fntest::Estimate;
+using fntest::Make;
 
-IFn Make(const std::wstring& text) {
-  IFn fn;
-  const gtl::status s = FnCreate(text, fn);
-  EXPECT_TRUE(s.succeeded()) << str::to_utf8(text) << ": " << s.message_utf8();
-  return fn;
-}
+constexpr double kNo = qvi::kNoValue;
 
 // A current document whose water-content list (14) holds the given functions.
 struct WaterContentDocument {
@@ -32,13 +29,6 @@ struct WaterContentDocument {
   ~WaterContentDocument() { QVDocumentSetCurrentHandle(previous); }
   QVDocumentHandle previous, doc;
 };
-
-IFn Estimate(const std::wstring& text) {
-  IFn fn = Make(text);
-  const gtl::status s = fn.Unshared()->UpdateCalculatedValues();
-  EXPECT_TRUE(s.succeeded()) << str::to_utf8(text) << ": " << s.message_utf8();
-  return fn;
-}
 
 TEST(FnEstHydK, VanGenuchtenMethodMatchesIndependentValues) {
   // Closed forms for a van Genuchten curve (mpmath): h_p = A (2^(1/m) - 1)^(1/n),

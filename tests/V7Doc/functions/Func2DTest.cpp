@@ -6,17 +6,14 @@
 #include "V7Doc/functions/FnIntegral.h"
 #include "V7Doc/functions/FnInterpolated.h"
 #include "V7Doc/functions/Func2D.h"
+#include "FnTestSupport.h"
 
 namespace v7 {
 namespace {
 
-constexpr double kNo = qvi::kNoValue;
+using fntest::Make;
 
-IFn Make(const wchar_t* text) {
-  IFn fn;
-  EXPECT_TRUE(FnCreate(text, fn).succeeded()) << str::to_utf8(text);
-  return fn;
-}
+constexpr double kNo = qvi::kNoValue;
 
 Func2D Drawn(const wchar_t* name, const wchar_t* kind, std::vector<FnPoint> pts) {
   Func2D f(name, L"", Make(kind));

@@ -18,9 +18,12 @@
 #include "V7Doc/functions/FnRegistry.h"
 #include "V7Doc/functions/FnTimeHistory.h"
 #include "V7Doc/functions/Func2D.h"
+#include "FnTestSupport.h"
 
 namespace v7 {
 namespace {
+
+using fntest::Estimate;
 
 constexpr double kNo = qvi::kNoValue;
 
@@ -37,14 +40,6 @@ struct Document {
   ~Document() { QVDocumentSetCurrentHandle(previous); }
   QVDocumentHandle previous, doc;
 };
-
-IFn Estimate(const std::wstring& text) {
-  IFn fn;
-  gtl::status s = FnCreate(text, fn);
-  if (s.succeeded()) s = fn.Unshared()->UpdateCalculatedValues();
-  EXPECT_TRUE(s.succeeded()) << str::to_utf8(text) << ": " << s.message_utf8();
-  return fn;
-}
 
 TEST(PropertyEstimators, FormulasMatchIndependentValues) {
   Document d;

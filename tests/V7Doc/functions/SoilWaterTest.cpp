@@ -8,18 +8,14 @@
 #include "V7Doc/document/QVDocument.h"
 #include "V7Doc/functions/FnFredXing.h"
 #include "V7Doc/functions/FnVanG.h"
+#include "FnTestSupport.h"
 
 namespace v7 {
 namespace {
 
-constexpr double kNo = qvi::kNoValue;
+using fntest::Make;
 
-IFn Make(const std::wstring& text) {
-  IFn fn;
-  const gtl::status s = FnCreate(text, fn);
-  EXPECT_TRUE(s.succeeded()) << str::to_utf8(text) << ": " << s.message_utf8();
-  return fn;
-}
+constexpr double kNo = qvi::kNoValue;
 
 struct CurrentDocument {
   explicit CurrentDocument(EngUnitSystem units) : previous(QVDocumentGetCurrentHandle()), doc(new QVDocument()) {
