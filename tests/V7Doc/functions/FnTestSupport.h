@@ -5,7 +5,9 @@
 #include <string>
 
 #include "QVI/str/Convert.h"
+#include "V7Doc/document/QVDocument.h"
 #include "V7Doc/functions/FnImpl.h"
+#include "V7Doc/functions/Func2D.h"
 
 namespace v7::fntest {
 
@@ -24,5 +26,20 @@ inline IFn Estimate(const std::wstring& text) {
   EXPECT_TRUE(s.succeeded()) << str::to_utf8(text) << ": " << s.message_utf8();
   return fn;
 }
+
+// A fresh document in the given units, current for the life of the object,
+// whose water-content list (14) holds the given functions.
+struct CurrentDocument {
+  explicit CurrentDocument(std::initializer_list<const wchar_t*> waterContents = {},
+                           EngUnitSystem units = EngUnitSystem::Metric) {
+    doc->DataInit();
+    doc->Eng().SetUnitSystem(units);
+    QVDocumentSetCurrentHandle(doc);
+    for (const wchar_t* text : waterContents) doc->FunctionList(14)->Add(Func2D(L"wc", L"", Make(text)));
+  }
+  ~CurrentDocument() { QVDocumentSetCurrentHandle(previous); }
+  QVDocumentHandle previous = QVDocumentGetCurrentHandle();
+  QVDocumentHandle doc{new QVDocument()};
+};
 
 }  // namespace v7::fntest

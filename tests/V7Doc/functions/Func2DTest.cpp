@@ -136,10 +136,8 @@ TEST(FnIntegral, SimpsonRunningIntegral) {
 }
 
 TEST(FnFunc2DTable, EvaluatesByNumberWithModifier) {
-  QVDocumentHandle doc(new QVDocument());
-  doc->DataInit();
-  const QVDocumentHandle previous = QVDocumentGetCurrentHandle();
-  QVDocumentSetCurrentHandle(doc);
+  fntest::CurrentDocument d;
+  const QVDocumentHandle& doc = d.doc;
   doc->FunctionList(18)->Add(Drawn(L"head", L"Linear()", {{0, 10, 0}, {10, 20, 0}}));
   doc->FunctionList(19)->Add(Drawn(L"mod", L"Linear()", {{0, 1, 0}, {10, 0.5, 0}}));
   doc->FunctionList(31)->Add(Drawn(L"load", L"Step()", {{0, 100, 0}, {5, 200, 0}}));
@@ -165,7 +163,6 @@ TEST(FnFunc2DTable, EvaluatesByNumberWithModifier) {
 
   doc->FunctionList(18)->Delete({1});
   EXPECT_EQ(fn(5), kNo);
-  QVDocumentSetCurrentHandle(previous);
 }
 
 }  // namespace

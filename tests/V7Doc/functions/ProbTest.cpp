@@ -114,14 +114,11 @@ TEST(FnProb, InvalidDistributionsKeepNoTable) {
 }
 
 TEST(FnProbFN, InvertsTheDrawnDensity) {
-  const QVDocumentHandle previous = QVDocumentGetCurrentHandle();
-  QVDocumentHandle doc(new QVDocument());
-  doc->DataInit();
-  QVDocumentSetCurrentHandle(doc);
+  fntest::CurrentDocument d;
   Func2D density(L"density", L"", Make(L"Linear()"));
   density.Points() = {{0, 0, 0}, {1, 3, 0}, {2, 0, 0}};
   ASSERT_TRUE(density.UpdateFn().succeeded());
-  doc->FunctionList(40)->Add(density);
+  d.doc->FunctionList(40)->Add(density);
 
   // A triangle density on 0..2 peaking at 1, unnormalised: the inverse is
   // sqrt(2p) for p <= 1/2 and 2 - sqrt(2(1-p)) above.
@@ -138,7 +135,6 @@ TEST(FnProbFN, InvertsTheDrawnDensity) {
 
   IFn empty = Make(L"Generalized Spline(ProbFnNum=1,Min=5,Max=6)");  // no density there
   EXPECT_TRUE(empty.Unshared()->UpdateCalculatedValues().failed());
-  QVDocumentSetCurrentHandle(previous);
 }
 
 TEST(FnMultiTrial, TextFormAndParts) {

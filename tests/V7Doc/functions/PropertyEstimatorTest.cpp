@@ -27,18 +27,8 @@ using fntest::Estimate;
 
 constexpr double kNo = qvi::kNoValue;
 
-// A current metric document whose water-content list (14) holds `wc`.
-struct Document {
-  explicit Document(const wchar_t* wc = L"Van_Genuchten(A=10,N=1.5,SatWC=0.4,ResWC=0)")
-      : previous(QVDocumentGetCurrentHandle()), doc(new QVDocument()) {
-    doc->DataInit();
-    QVDocumentSetCurrentHandle(doc);
-    IFn fn;
-    EXPECT_TRUE(FnCreate(wc, fn).succeeded());
-    doc->FunctionList(14)->Add(Func2D(L"wc", L"", fn));
-  }
-  ~Document() { QVDocumentSetCurrentHandle(previous); }
-  QVDocumentHandle previous, doc;
+struct Document : fntest::CurrentDocument {
+  Document() : CurrentDocument({L"Van_Genuchten(A=10,N=1.5,SatWC=0.4,ResWC=0)"}) {}
 };
 
 TEST(PropertyEstimators, FormulasMatchIndependentValues) {
@@ -121,13 +111,9 @@ TEST(PropertyEstimators, FormulasMatchIndependentValues) {
 TEST(PropertyEstimators, StressesFollowTheDocumentUnits) {
   // Seed and Idriss's own form in psf: Gmax = 1000 K2max sqrt(s'm), K2max 52
   // and s'm = s'v = 2000 psf with K0 = 1 (hand: 1000 x 52 x 44.721).
-  QVDocumentHandle previous = QVDocumentGetCurrentHandle(), doc(new QVDocument());
-  doc->DataInit();
-  doc->Eng().SetUnitSystem(EngUnitSystem::Imperial);
-  QVDocumentSetCurrentHandle(doc);
+  fntest::CurrentDocument d({}, EngUnitSystem::Imperial);
   const IFn g = Estimate(L"FnEstGmax(K0=1)");
   EXPECT_NEAR(g(2000.0), 2325510.6965997813, 1e-9 * 2.3e6);
-  QVDocumentSetCurrentHandle(previous);
 }
 
 TEST(PropertyEstimators, TextsRoundTrip) {

@@ -17,16 +17,6 @@ using fntest::Make;
 
 constexpr double kNo = qvi::kNoValue;
 
-struct CurrentDocument {
-  explicit CurrentDocument(EngUnitSystem units) : previous(QVDocumentGetCurrentHandle()), doc(new QVDocument()) {
-    doc->DataInit();
-    doc->Eng().SetUnitSystem(units);
-    QVDocumentSetCurrentHandle(doc);
-  }
-  ~CurrentDocument() { QVDocumentSetCurrentHandle(previous); }
-  QVDocumentHandle previous, doc;
-};
-
 TEST(FnFredXing, WaterContentMatchesPublishedForm) {
   // mpmath evaluation of Fredlund and Xing (1994), 1e-13 relative.
   const IFn fx = Make(L"Fredlund_Xing(A=100,N=2,M=1,SatWC=0.45,SuctionLimit=1e6)");
@@ -135,7 +125,7 @@ TEST(SoilWaterAttributes, BadValuesAreReportedAndLeaveTheField) {
 
 TEST(SoilWaterUnits, SuctionLimitFollowsTheDocument) {
   {
-    CurrentDocument d(EngUnitSystem::Imperial);
+    fntest::CurrentDocument d({}, EngUnitSystem::Imperial);
     EXPECT_EQ(FnFredXing().SuctionLimit(), 2.08854e7);
     EXPECT_EQ(Make(L"Fredlund_Xing(A=1)").as_wstring(), L"Fredlund_Xing(A=1,SuctionLimit=20885400)");
   }
