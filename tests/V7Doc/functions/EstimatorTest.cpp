@@ -8,42 +8,20 @@
 #include "V7Doc/functions/FnEstVolWC.h"
 #include "V7Doc/functions/FnVanG.h"
 #include "V7Doc/functions/Func2D.h"
+#include "FnTestSupport.h"
 
 namespace v7 {
 namespace {
 
+using fntest::Estimate;
+using fntest::Make;
+
 constexpr double kNo = qvi::kNoValue;
-
-IFn Make(const std::wstring& text) {
-  IFn fn;
-  const gtl::status s = FnCreate(text, fn);
-  EXPECT_TRUE(s.succeeded()) << str::to_utf8(text) << ": " << s.message_utf8();
-  return fn;
-}
-
-// A current document whose water-content list (14) holds the given functions.
-struct WaterContentDocument {
-  explicit WaterContentDocument(std::initializer_list<const wchar_t*> fns)
-      : previous(QVDocumentGetCurrentHandle()), doc(new QVDocument()) {
-    doc->DataInit();
-    QVDocumentSetCurrentHandle(doc);
-    for (const wchar_t* text : fns) doc->FunctionList(14)->Add(Func2D(L"wc", L"", Make(text)));
-  }
-  ~WaterContentDocument() { QVDocumentSetCurrentHandle(previous); }
-  QVDocumentHandle previous, doc;
-};
-
-IFn Estimate(const std::wstring& text) {
-  IFn fn = Make(text);
-  const gtl::status s = fn.Unshared()->UpdateCalculatedValues();
-  EXPECT_TRUE(s.succeeded()) << str::to_utf8(text) << ": " << s.message_utf8();
-  return fn;
-}
 
 TEST(FnEstHydK, VanGenuchtenMethodMatchesIndependentValues) {
   // Closed forms for a van Genuchten curve (mpmath): h_p = A (2^(1/m) - 1)^(1/n),
   // S_p = m n X 2^(-1-1/m) ln 10 with X = 2^(1/m) - 1.
-  WaterContentDocument d({L"Van_Genuchten(A=10,N=1.5,SatWC=0.4,ResWC=0.05)"});
+  fntest::CurrentDocument d({L"Van_Genuchten(A=10,N=1.5,SatWC=0.4,ResWC=0.05)"});
   const IFn k = Estimate(L"FnEstHydK(VolWCFnNum=1,HydKSat=1e-5,ResWC=0.05,Min=0.01,Max=1000,NumPoints=6)");
   const VanGenuchtenFit& fit = dynamic_cast<const FnEstHydK&>(*k).Fit();
   EXPECT_NEAR(fit.hp, 36.593057100229715, 1e-9 * 36.6);
@@ -65,7 +43,7 @@ TEST(FnEstHydK, VanGenuchtenMethodMatchesIndependentValues) {
 TEST(FnEstHydK, FredlundXingMethodMatchesTheIntegral) {
   // mpmath: the Fredlund et al. (1994) rule on the same 50-point table (1e-9),
   // and the continuous integral (1 %).
-  WaterContentDocument d({L"Fredlund_Xing(A=100,N=2,M=1,SatWC=0.45,SuctionLimit=1e6)"});
+  fntest::CurrentDocument d({L"Fredlund_Xing(A=100,N=2,M=1,SatWC=0.45,SuctionLimit=1e6)"});
   const IFn k = Estimate(L"FnEstHydK(VolWCFnNum=1,HydKSat=1e-5,HydKEstMethod=FredlundXing,NumPoints=6)");
   const struct {
     double suction, rule, integral;
@@ -82,7 +60,7 @@ TEST(FnEstHydK, FredlundXingMethodMatchesTheIntegral) {
 }
 
 TEST(FnEstHydK, FailuresAreReportedAndLeaveNoTable) {
-  WaterContentDocument d({L"Van_Genuchten(A=10,N=1.5,SatWC=0.4,ResWC=0.05)", L"0.3"});
+  fntest::CurrentDocument d({L"Van_Genuchten(A=10,N=1.5,SatWC=0.4,ResWC=0.05)", L"0.3"});
   for (const wchar_t* text : {
            L"FnEstHydK(VolWCFnNum=1)",                            // HydKSat 0
            L"FnEstHydK(VolWCFnNum=9,HydKSat=1)",                  // beyond the list

@@ -8,6 +8,7 @@
 #include "V7Doc/functions/FnReferences.h"
 #include "V7Doc/functions/FnRegistry.h"
 #include "V7Doc/functions/Func2D.h"
+#include "FnTestSupport.h"
 
 namespace v7 {
 namespace {
@@ -15,20 +16,10 @@ namespace {
 constexpr double kNo = qvi::kNoValue;
 constexpr unsigned kCycle = 33560, kTooLong = 33561;
 
-// A document made current for the life of the object.
-struct CurrentDocument {
-  QVDocumentHandle doc{new QVDocument()};
-  QVDocumentHandle previous = QVDocumentGetCurrentHandle();
-  CurrentDocument() {
-    doc->DataInit();
-    QVDocumentSetCurrentHandle(doc);
-  }
-  ~CurrentDocument() { QVDocumentSetCurrentHandle(previous); }
+struct CurrentDocument : fntest::CurrentDocument {
   // Appends a function to `list`, with points when given.
   void Add(GID list, const wchar_t* text, std::vector<FnPoint> pts = {}) {
-    IFn fn;
-    ASSERT_TRUE(FnCreate(text, fn).succeeded()) << str::to_utf8(text);
-    Func2D f(L"f", L"", fn);
+    Func2D f(L"f", L"", fntest::Make(text));
     f.Points() = std::move(pts);
     doc->FunctionList(list)->Add(f);
   }

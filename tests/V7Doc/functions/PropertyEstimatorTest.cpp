@@ -18,33 +18,18 @@
 #include "V7Doc/functions/FnRegistry.h"
 #include "V7Doc/functions/FnTimeHistory.h"
 #include "V7Doc/functions/Func2D.h"
+#include "FnTestSupport.h"
 
 namespace v7 {
 namespace {
 
+using fntest::Estimate;
+
 constexpr double kNo = qvi::kNoValue;
 
-// A current metric document whose water-content list (14) holds `wc`.
-struct Document {
-  explicit Document(const wchar_t* wc = L"Van_Genuchten(A=10,N=1.5,SatWC=0.4,ResWC=0)")
-      : previous(QVDocumentGetCurrentHandle()), doc(new QVDocument()) {
-    doc->DataInit();
-    QVDocumentSetCurrentHandle(doc);
-    IFn fn;
-    EXPECT_TRUE(FnCreate(wc, fn).succeeded());
-    doc->FunctionList(14)->Add(Func2D(L"wc", L"", fn));
-  }
-  ~Document() { QVDocumentSetCurrentHandle(previous); }
-  QVDocumentHandle previous, doc;
+struct Document : fntest::CurrentDocument {
+  Document() : CurrentDocument({L"Van_Genuchten(A=10,N=1.5,SatWC=0.4,ResWC=0)"}) {}
 };
-
-IFn Estimate(const std::wstring& text) {
-  IFn fn;
-  gtl::status s = FnCreate(text, fn);
-  if (s.succeeded()) s = fn.Unshared()->UpdateCalculatedValues();
-  EXPECT_TRUE(s.succeeded()) << str::to_utf8(text) << ": " << s.message_utf8();
-  return fn;
-}
 
 TEST(PropertyEstimators, FormulasMatchIndependentValues) {
   Document d;
@@ -63,7 +48,6 @@ TEST(PropertyEstimators, FormulasMatchIndependentValues) {
       // Janbu (1963): cohesive n = 1 gives E = m s'm (hand: 100 x 66.667).
       {L"FnEstEMod(SampleMatlEMod=Cohesive)", 100, 6666.666666666667, 1e-9},
       {L"FnEstEMod()", 100, 8164.9658092772603, 1e-9},
-      {L"FnEstEMod(NExponent=1)", 100, 6666.666666666667, 1e-9},
       {L"FnEstRecModulus()", 100, 70462.223921758246, 1e-9},
       {L"FnEstRecModulus(SampleMatlRecModulus=Cohesive)", 100, 40636.839740082946, 1e-9},
       // Darendeli (2001), PI 15 at 100 kPa, strains 0.01 % and 0.1 %.
@@ -117,7 +101,6 @@ TEST(PropertyEstimators, FormulasMatchIndependentValues) {
   // The points handed to the point kind, which passes through them.
   const IFn mfs = Estimate(L"FnEstMFSPWP(SampleMatlMFSPWP=LooseSand)");
   const IFn points = dynamic_cast<const FnEstMFSPWP&>(*mfs).ToPointFunction();
-  EXPECT_EQ(points->Name(), L"MFSPWPFn");
   EXPECT_NEAR(points(0.0), mfs(0.0), 1e-12);
   EXPECT_TRUE(FnEstMFSPWP().ToPointFunction().IsUndefined());
   // The Brooks-Corey index found on that curve (Se 1/2 and 1/4 in closed form).
@@ -128,31 +111,12 @@ TEST(PropertyEstimators, FormulasMatchIndependentValues) {
 TEST(PropertyEstimators, StressesFollowTheDocumentUnits) {
   // Seed and Idriss's own form in psf: Gmax = 1000 K2max sqrt(s'm), K2max 52
   // and s'm = s'v = 2000 psf with K0 = 1 (hand: 1000 x 52 x 44.721).
-  QVDocumentHandle previous = QVDocumentGetCurrentHandle(), doc(new QVDocument());
-  doc->DataInit();
-  doc->Eng().SetUnitSystem(EngUnitSystem::Imperial);
-  QVDocumentSetCurrentHandle(doc);
+  fntest::CurrentDocument d({}, EngUnitSystem::Imperial);
   const IFn g = Estimate(L"FnEstGmax(K0=1)");
   EXPECT_NEAR(g(2000.0), 2325510.6965997813, 1e-9 * 2.3e6);
-  QVDocumentSetCurrentHandle(previous);
 }
 
-TEST(PropertyEstimators, SampleMaterialsAndTextRoundTrips) {
-  // Every stored sample-material name belongs to some estimator, under its
-  // one shared value.
-  const meta::MetaEnumCommon* tables[] = {
-      &meta::EnumTable<FnEstGmaxType::eSampleMatl>(),        &meta::EnumTable<FnEstEModType::eSampleMatl>(),
-      &meta::EnumTable<FnEstRecModulusType::eSampleMatl>(),  &meta::EnumTable<FnEstCyclicNumberType::eSampleMatl>(),
-      &meta::EnumTable<FnEstKalphaType::eSampleMatl>(),      &meta::EnumTable<FnEstKsigmaType::eSampleMatl>(),
-      &meta::EnumTable<FnEstMFSPWPType::eSampleMatl>(),      &meta::EnumTable<FnEstThermalKvsTempType::eSampleMatl>(),
-      &meta::EnumTable<FnEstUnfrozenWCType::eSampleMatl>()};
-  for (int m = 0; m <= static_cast<int>(FnEstSample::Gravel); ++m) {
-    bool found = false;
-    for (const auto* t : tables)
-      if (auto v = t->ValueOf(SampleName(static_cast<FnEstSample>(m)))) found = found || *v == m;
-    EXPECT_TRUE(found) << str::to_utf8(SampleName(static_cast<FnEstSample>(m)));
-  }
-  EXPECT_EQ(meta::EnumTable<FnEstLAIType::eGrassQuality>().ValueOf(L"Excellent"), 2);
+TEST(PropertyEstimators, TextsRoundTrip) {
   // Texts with names and unset values read back to equal functions.
   for (const wchar_t* text :
        {L"FnEstGmax(InputParam=21,SampleMatlGmax=LooseGravel,GmaxEstMethod=Hardin,PI=12.5)",
@@ -373,13 +337,7 @@ TEST(PropertyEstimators, NoValueBeforeATableThenEveryKindEstimates) {
   }
 }
 
-TEST(TimeHistories, KindsAndVelocityByIntegration) {
-  for (const wchar_t* name : {L"FnXAcc", L"FnXVel", L"FnYAcc", L"FnYVel"}) {
-    IFn fn;
-    ASSERT_TRUE(FnCreate(std::wstring(name) + L"()", fn).succeeded());
-    EXPECT_EQ(fn->Name(), name);
-    EXPECT_EQ(fn->InputParam(), DataParamType::Time);
-  }
+TEST(TimeHistories, VelocityByIntegration) {
   // a(t) = sin(2 pi t) sampled every 0.01 s over 1 s: v(t) = (1 - cos 2 pi t) / (2 pi).
   // The trapezoidal rule's error is below t dt^2 max|a''| / 12 = 3.3e-4 t.
   std::vector<FnPoint> a;
@@ -387,7 +345,6 @@ TEST(TimeHistories, KindsAndVelocityByIntegration) {
   auto* acc = new FnYAcc();
   acc->Assign(a.data(), a.data() + a.size());
   const IFn v = VelocityFromAcceleration(IFn(acc));
-  EXPECT_EQ(v->Name(), L"FnYVel");
   for (double t : {0.0, 0.25, 0.5, 0.73, 1.0})
     EXPECT_NEAR(v(t), (1 - std::cos(2 * M_PI * t)) / (2 * M_PI), 3.3e-4 * t + 1e-15) << t;
   // Piecewise-linear acceleration integrates exactly; unsorted and open rows are handled.

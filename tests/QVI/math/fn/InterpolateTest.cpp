@@ -161,9 +161,6 @@ TEST(Spline, SmoothingRunsFromInterpolationToTheLeastSquaresLine) {
   heavy.Assign(pts);
   for (double x : {0.0, 0.5, 2.5, 4.0}) EXPECT_NEAR(heavy(x), 0.6 + 0.5 * x, 1e-4) << x;
 
-  // Smooth 1 (rho = 1e-4) leaves residuals of a few thousandths on these
-  // data; they shrink with rho, so Smooth 0.1 would be ten thousand times
-  // closer: compare the two lightest integer settings' distance instead.
   Spline light, lighter, exact;
   light.SetSmooth(2);
   lighter.SetSmooth(1);
@@ -177,9 +174,6 @@ TEST(Spline, SmoothingRunsFromInterpolationToTheLeastSquaresLine) {
   // rho grows as Smooth^4 and, for small rho, the departure grows with rho.
   EXPECT_NEAR(d2 / d1, 16, 1.5);
 
-  // In between, the fit is pulled toward the data's trend: the residuals
-  // shrink as smoothing falls, and the curve keeps the data's mean (the
-  // constant and linear parts are not penalised).
   double prev = 0;
   for (unsigned sm : {60u, 20u, 5u}) {
     Spline s;

@@ -74,8 +74,6 @@ TEST(KrigSurface, ExactAtDataPointsWithWeightsSummingToOne) {
       k.SetNeighbours(n <= 40 ? 40 : 16);
       k.SetVariogramKind(kind);
       ASSERT_TRUE(k.SetPoints(pts).succeeded());
-      EXPECT_EQ(k.GetVariogram().kind, kind);
-      EXPECT_EQ(k.GetVariogram().nugget, 0.0);
       KrigSurface::Estimate e;
       for (std::size_t i = 0; i < pts.size(); i += 7) {
         ASSERT_TRUE(k.Evaluate(pts[i].x, pts[i].y, e));

@@ -43,7 +43,6 @@ TEST(Linear3D, ReproducesAPlaneOnRandomAndGridPoints) {
     std::mt19937 rng(3);
     std::uniform_int_distribution<std::size_t> pick(0, c.pts.size() - 1);
     std::uniform_real_distribution<double> t(0.0, 1.0);
-    int inside = 0;
     for (int q = 0; q < 2000; ++q) {
       // A point between two data points lies inside the hull.
       const Point3D& a = c.pts[pick(rng)];
@@ -52,9 +51,7 @@ TEST(Linear3D, ReproducesAPlaneOnRandomAndGridPoints) {
       const double v = s(x, y);
       ASSERT_FALSE(qvi::IsNoValue(v)) << x << "," << y;
       EXPECT_NEAR(v, Plane(x, y), 1e-9 * (1 + std::abs(Plane(x, y))));
-      ++inside;
     }
-    EXPECT_EQ(inside, 2000);
     for (const Point3D& p : c.pts) EXPECT_NEAR(s(p.x, p.y), p.z, 1e-9 * (1 + std::abs(p.z)));
   }
 }
@@ -104,7 +101,6 @@ TEST(Linear3D, DegenerateInputGivesAStatusAndNoValue) {
     const gtl::status st = s.SetPoints(c.pts);
     EXPECT_EQ(st.id(), c.message) << st.message_utf8();
     if (c.message) {
-      EXPECT_TRUE(st.failed());
       EXPECT_EQ(s.TriangleCount(), 0u);
       EXPECT_TRUE(qvi::IsNoValue(s(0.5, 0.1)));
     }
