@@ -1,4 +1,3 @@
-// Time steps: rounding by hand-worked cases, generation, save flags, custom steps, bad settings.
 #include "V7Doc/analysis/TIMEINCSTRUCT.h"
 
 #include <gtest/gtest.h>
