@@ -1,6 +1,3 @@
-// What a hostile or damaged document can do to a read, a Set and a write:
-// refused with the path and line, never taken silently, never costing
-// memory out of proportion to the text.
 #include <gtest/gtest.h>
 
 #include <cmath>

@@ -76,7 +76,6 @@ TEST(Package, FailedSaveLeavesTheOldFile) {
   oc::package::SimulateFailureBeforeRename(false);
   EXPECT_EQ(s.id(), 31023u);
   EXPECT_EQ(Bytes(path), before);
-  // No temporary is left behind.
   EXPECT_TRUE(oc::package::TemporariesBeside(path).empty());
   // A folder that does not exist: nothing is created, the error names the file.
   EXPECT_TRUE(p.Save(TempPath("no/such/dir/x.qvz")).failed());
@@ -88,16 +87,27 @@ TEST(Package, FailedSaveLeavesTheOldFile) {
   EXPECT_EQ(doc, "<new/>");
 }
 
-TEST(Package, HostileArchivesAreRefused) {
-  // An archive made by another tool with an entry that escapes.
-  const std::wstring path = TempPath("oc_evil.qvz");
+// Writes a zip of `entries` with libzip, each but the document compressed
+// with `method`.
+void WriteZip(const std::wstring& path, const std::vector<std::pair<std::string, std::string>>& entries,
+              zip_int32_t method) {
   std::remove(str::to_utf8(path).c_str());
   int err = 0;
   zip_t* z = zip_open(str::to_utf8(path).c_str(), ZIP_CREATE | ZIP_TRUNCATE, &err);
   ASSERT_TRUE(z);
-  static const char data[] = "x";
-  zip_file_add(z, "../../escape.txt", zip_source_buffer(z, data, 1, 0), 0);
+  for (const auto& [name, bytes] : entries) {
+    const zip_int64_t i = zip_file_add(z, name.c_str(), zip_source_buffer(z, bytes.data(), bytes.size(), 0), 0);
+    ASSERT_GE(i, 0);
+    if (name != "Document.xml")
+      ASSERT_EQ(zip_set_file_compression(z, static_cast<zip_uint64_t>(i), method, 0), 0);
+  }
   ASSERT_EQ(zip_close(z), 0);
+}
+
+TEST(Package, HostileArchivesAreRefused) {
+  // An archive made by another tool with an entry that escapes.
+  const std::wstring path = TempPath("oc_evil.qvz");
+  WriteZip(path, {{"../../escape.txt", "x"}}, ZIP_CM_STORE);
   Package p;
   EXPECT_EQ(p.Open(path).id(), 31021u);
   // Not a zip at all, and no file.
@@ -131,23 +141,6 @@ TEST(Package, ReadLimitsBoundEachEntryAndTheWhole) {
     EXPECT_FALSE(p.Contains(L"kept.txt"));
     EXPECT_EQ(p.List().size(), c.expected == 0 ? 3u : 0u) << c.entry << " " << c.total;
   }
-}
-
-// Writes a zip of `entries` with libzip, each but the document compressed
-// with `method`.
-void WriteZip(const std::wstring& path, const std::vector<std::pair<std::string, std::string>>& entries,
-              zip_int32_t method) {
-  std::remove(str::to_utf8(path).c_str());
-  int err = 0;
-  zip_t* z = zip_open(str::to_utf8(path).c_str(), ZIP_CREATE | ZIP_TRUNCATE, &err);
-  ASSERT_TRUE(z);
-  for (const auto& [name, bytes] : entries) {
-    const zip_int64_t i = zip_file_add(z, name.c_str(), zip_source_buffer(z, bytes.data(), bytes.size(), 0), 0);
-    ASSERT_GE(i, 0);
-    if (name != "Document.xml")
-      ASSERT_EQ(zip_set_file_compression(z, static_cast<zip_uint64_t>(i), method, 0), 0);
-  }
-  ASSERT_EQ(zip_close(z), 0);
 }
 
 unsigned Mode(const std::wstring& path) {

@@ -1,5 +1,3 @@
-// The reference walk over declarations: numbers, lists, links through a
-// member naming the collection, nested records, drops and paths.
 #include <gtest/gtest.h>
 
 #include <map>

@@ -1,4 +1,3 @@
-// Analysis enumerations: aliases, gaps, odd names and the kind/method rules.
 #include "V7Doc/analysis/AnalysisEnums.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,3 @@
-// Per-kind analysis data: usage answers, repair of references, motion records as time steps.
 #include <gtest/gtest.h>
 
 #include "V7Doc/analysis/AnalysisKindData.h"
@@ -81,7 +80,6 @@ TEST_F(KindDataInDocument, CompactionSqueezesTheirOwnTablesAndLabelsFollow) {
   const auto& slips = doc.StabItems().Find(2)->slipSurfaces_;
   ASSERT_EQ(slips.Size(), 2u);
   EXPECT_EQ(slips.At(1).name_, L"s2");
-  EXPECT_EQ(slips.At(1).nID_, 1u);
 }
 
 TEST(KindData, AssignAndIsEqualCompareByType) {

@@ -1,4 +1,3 @@
-// Saved-step look-ups, delimited result paths and step labels.
 #include <gtest/gtest.h>
 
 #include "QVI/qvi/Markers.h"

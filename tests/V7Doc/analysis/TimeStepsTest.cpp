@@ -1,4 +1,3 @@
-// Time steps: rounding by hand-worked cases, generation, save flags, custom steps, bad settings.
 #include "V7Doc/analysis/TIMEINCSTRUCT.h"
 
 #include <gtest/gtest.h>
@@ -31,8 +30,12 @@ TIMEINCSTRUCT WithTimes(const std::vector<double>& times) {
   return t;
 }
 
-// Increments must chain: each is its time minus the previous time.
-void ExpectChained(const TIMEINCSTRUCT& t, double before, const char* what) {
+// The elapsed times are as expected and each increment is its time minus the previous time.
+void ExpectTimes(const TIMEINCSTRUCT& t, const std::vector<double>& expected, double before, const char* what) {
+  const auto got = Elapsed(t);
+  ASSERT_EQ(got.size(), expected.size()) << what;
+  for (std::size_t i = 0; i < got.size(); ++i)
+    EXPECT_NEAR(got[i], expected[i], 1e-12 * std::max(1.0, expected[i])) << what << ", step " << i;
   double prev = before;
   for (std::size_t i = 0; i < t.TimeIncs().size(); ++i) {
     EXPECT_NEAR(t.TimeIncs()[i].fIncSize, t.TimeIncs()[i].fElapsed - prev, 1e-12)
@@ -70,12 +73,7 @@ TEST(RoundTimeSteps, HandWorkedCases) {
   for (const auto& c : cases) {
     TIMEINCSTRUCT t = WithTimes(c.times);
     t.RoundTimeSteps(c.first, c.last);
-    const auto got = Elapsed(t);
-    ASSERT_EQ(got.size(), c.expected.size()) << c.what;
-    for (std::size_t i = 0; i < got.size(); ++i)
-      EXPECT_NEAR(got[i], c.expected[i], 1e-12 * std::max(1.0, c.expected[i]))
-          << c.what << ", step " << i;
-    ExpectChained(t, 0, c.what);
+    ExpectTimes(t, c.expected, 0, c.what);
   }
 }
 
@@ -125,13 +123,8 @@ TEST(GenerateTimeSteps, EveryModeAndIncrementType) {
     TIMEINCSTRUCT t = Make(c);
     const auto s = t.GenerateTimeSteps();
     ASSERT_TRUE(s.succeeded()) << c.what << ": " << s.message_utf8();
-    const auto got = Elapsed(t);
-    ASSERT_EQ(got.size(), c.expected.size()) << c.what;
-    for (std::size_t i = 0; i < got.size(); ++i)
-      EXPECT_NEAR(got[i], c.expected[i], 1e-12 * std::max(1.0, c.expected[i]))
-          << c.what << ", step " << i;
-    ExpectChained(t, c.start, c.what);
-    if (!got.empty()) { EXPECT_EQ(t.TimeIncs().back().nSave, 1) << c.what << ": last step saved"; }
+    ExpectTimes(t, c.expected, c.start, c.what);
+    if (!t.TimeIncs().empty()) { EXPECT_EQ(t.TimeIncs().back().nSave, 1) << c.what << ": last step saved"; }
   }
 }
 
@@ -191,8 +184,7 @@ TEST(GenerateTimeSteps, DirectModeTakesItsTimesUnrounded) {
   t.SetIncType(IncrementType::Exponential);  // ignored in this mode
   t.FixedTimes() = {0.6666666667, 0.3333333333, 2};
   ASSERT_TRUE(t.GenerateTimeSteps().succeeded());
-  EXPECT_EQ(Elapsed(t), (std::vector<double>{0.3333333333, 0.6666666667, 2}));
-  ExpectChained(t, 0, "direct");
+  ExpectTimes(t, {0.3333333333, 0.6666666667, 2}, 0, "direct");
   ASSERT_TRUE(t.GenerateTimeSteps().succeeded());
   EXPECT_EQ(t.TimeIncs().size(), 3u) << "a second generation adds nothing";
 }
@@ -233,8 +225,7 @@ TEST(TimeIncrements, SortIncrementsKeepsTheTimeBeforeTheFirstStep) {
   TIMEINCSTRUCT t;
   t.TimeIncs() = {{2, 5, 0}, {1, 4, 1}, {3, 8, 0}};  // starts at 3
   t.SortIncrements();
-  EXPECT_EQ(Elapsed(t), (std::vector<double>{4, 5, 8}));
-  ExpectChained(t, 3, "sorted");
+  ExpectTimes(t, {4, 5, 8}, 3, "sorted");
   EXPECT_EQ(t.TimeIncs()[0].nSave, 1) << "markers travel with their steps";
 }
 

@@ -62,8 +62,6 @@ TEST(Manager, RegistrationByIDAndName) {
   EXPECT_EQ(m.GetContainer(GID{60}), &b);
   EXPECT_EQ(m.GetContainer(std::wstring(L"")), nullptr) << "an unnamed container is never found by name";
   EXPECT_EQ(m.GetContainer(GID{5}), nullptr);
-  EXPECT_EQ(a.Name(), L"A");
-  EXPECT_EQ(a.ID(), 4u);
   m.UnRegister(&a);
   EXPECT_EQ(m.GetContainer(GID{4}), nullptr);
   EXPECT_FALSE(a.IsRegistered());

@@ -1,5 +1,3 @@
-// The add-in entry table, the application object's library search and the
-// add-in manager's folder containment.
 #include <gtest/gtest.h>
 
 #include <cstdlib>

@@ -1,6 +1,3 @@
-// An analysis's input files: the option and path pairs, their path
-// expressions resolved in a live document, and the typed accessors agreeing
-// with them.
 #include <gtest/gtest.h>
 
 #include "OC/Path.h"

@@ -67,8 +67,6 @@ TEST(Matl, DerivedValues) {
   m.Stress().fnPhiPrime() = IFn();  // no friction angle: no coefficient
   EXPECT_EQ(m.fMu(), qvi::kNoValue);
 
-  EXPECT_EQ(MATL::GetFnNumFromGGID(GGID(43, 7), 0), 7u);
-
   // Undrained: the stability friction angle is zero whatever is stored.
   m.Stress().fnStabPhiStored() = IFn::Constant(35);
   m.StabModel() = SM::MohrCoulomb;
@@ -87,7 +85,6 @@ TEST(Matl, ClearAndUndoContract) {
   table.Add(m);
   table.Add(m);
   MATL& second = table.At(2);
-  EXPECT_EQ(second.nMatlNum(), 2u);
 
   MATL copy;
   copy.UndoAssignment(second);

@@ -1,5 +1,3 @@
-// Finding result tables in a package, choosing columns, printing a table,
-// and the column lists of slip-surface and particle tables.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -35,9 +33,7 @@ TEST(ResultPackage, ListsOnlyResultTablesInOrder) {
       {2, kNoStep, L"history_4", L"002/history_4.csv"},
       {2, 1, L"node", L"002/001/node.csv"},
   };
-  ASSERT_EQ(got.size(), want.size());
-  for (std::size_t i = 0; i < want.size(); ++i)
-    EXPECT_TRUE(got[i] == want[i]) << i << ": " << std::string(got[i].entry.begin(), got[i].entry.end());
+  EXPECT_TRUE(got == want);
 }
 
 TEST(ResultPackage, FindsTheTableAsked) {
