@@ -104,6 +104,28 @@ bool WriteAll(int fd, std::string_view bytes) {
   return true;
 }
 
+// The file a save replaces: a symbolic link is followed to the file it names
+// (a relative link from the link's own folder), so that the link stays a link
+// and the file it points at takes the new content, as when the file is
+// written in place. A loop or an over-long chain leaves the path as given,
+// and the rename then replaces the link rather than failing the save.
+std::string FileBehindLinks(std::string target) {
+  for (int hop = 0; hop < 40; ++hop) {
+    struct stat st;
+    if (::lstat(target.c_str(), &st) != 0 || !S_ISLNK(st.st_mode)) return target;
+    std::string link(static_cast<std::size_t>(st.st_size > 0 ? st.st_size : 4096), '\0');
+    const ssize_t n = ::readlink(target.c_str(), link.data(), link.size());
+    if (n <= 0) return target;
+    link.resize(static_cast<std::size_t>(n));
+    if (link.front() != '/') {
+      const Split where = SplitPath(target);
+      if (where.dir != ".") link = where.dir + link;
+    }
+    target = std::move(link);
+  }
+  return target;
+}
+
 void FsyncFolder(const std::string& dir) {
   const int fd = ::open(dir.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
   if (fd < 0) return;
@@ -121,7 +143,7 @@ std::vector<std::wstring> TemporariesBeside(const std::wstring& path) {
 }
 
 gtl::status WriteFileAtomic(const std::wstring& path, std::string_view bytes) {
-  const std::string target = str::to_utf8(path);
+  const std::string target = FileBehindLinks(str::to_utf8(path));
   const Split where = SplitPath(target);
   RemoveStaleTemporaries(where);
   std::string temp;

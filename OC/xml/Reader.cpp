@@ -31,6 +31,7 @@ constexpr unsigned kMsgUnknownEnumName = 31013;
 constexpr unsigned kMsgTooDeep = 31014;
 constexpr unsigned kMsgMissingID = 31015;
 constexpr unsigned kMsgDeletedOnRead = 31017;
+constexpr unsigned kMsgUnknownMakesDeleted = 31018;
 constexpr unsigned kMsgRefusedValue = 31032;
 constexpr unsigned kMsgAt = 31040;
 constexpr unsigned kMsgTooManyElements = 31042;
@@ -257,6 +258,7 @@ class Reader {
       err_.ReportError(gtl::status::warning(kMsgUnknownEnumName, str::to_wstring(text),
                                             m.traits.enum_table->EnumName(), where, Line(el)));
       kept_[where] = text;
+      last_kept_ = where;
     }
     double d = 0;
     const auto& tr = m.traits;
@@ -374,16 +376,28 @@ class Reader {
       }
       stack_.push_back({nullptr, id, true});
       rt.Ops().copy(tmp.get(), rt.Prototype());
+      const std::size_t kept_before = kept_.size();
       ReadRecord(rt, tmp.get(), c, true, true);
       m.table->Place(table, id, tmp.get());
-      if (!m.table->IsLive(table, id))
-        err_.ReportError(gtl::status::warning(kMsgDeletedOnRead, Where(), Line(c)));
+      if (!m.table->IsLive(table, id)) {
+        // A name this version does not know (the kind of an analysis written
+        // by a later one) can leave the record looking like a tombstone. Read
+        // on, it would vanish on the next save with every value it holds, so
+        // the document is refused instead; a record with nothing unknown in
+        // it was written deleted and reads so.
+        if (kept_.size() != kept_before)
+          err_.ReportError(gtl::status::error(kMsgUnknownMakesDeleted, Where(), Line(c),
+                                              str::to_wstring(kept_[last_kept_]), last_kept_));
+        else
+          err_.ReportError(gtl::status::warning(kMsgDeletedOnRead, Where(), Line(c)));
+      }
       stack_.pop_back();
     }
   }
 
   impl::XMLError& err_;
   KeptTexts& kept_;
+  std::wstring last_kept_;  // the path of the latest unknown name kept
   std::size_t gap_budget_;  // bytes that empty slots may still take
   std::vector<Frame> stack_;
   std::deque<std::vector<Item>> buffers_;

@@ -235,6 +235,35 @@ TEST(Package, SavesKeepPermissions) {
   ::umask(mask);
 }
 
+// A save through a symbolic link writes the file the link names and leaves
+// the link a link: relative, absolute, chained and dangling links alike.
+TEST(Package, SaveThroughLinkKeepsTheLink) {
+  const std::string dir = ::testing::TempDir() + "oc_links/";
+  std::system(("rm -rf " + dir + " && mkdir -p " + dir + "sub").c_str());
+  struct Case {
+    const char* link;
+    std::string points_to;  // as written in the link
+    const char* file;       // the file that must take the bytes
+  } cases[] = {
+      {"rel.qvz", "sub/a.qvz", "sub/a.qvz"},
+      {"abs.qvz", dir + "sub/b.qvz", "sub/b.qvz"},
+      {"chain.qvz", "rel.qvz", "sub/a.qvz"},
+      {"dangling.qvz", "sub/new.qvz", "sub/new.qvz"},
+  };
+  std::ofstream(dir + "sub/a.qvz") << "old";
+  std::ofstream(dir + "sub/b.qvz") << "old";
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.link);
+    ASSERT_EQ(::symlink(c.points_to.c_str(), (dir + c.link).c_str()), 0);
+    ASSERT_TRUE(oc::package::WriteFileAtomic(str::to_wstring(dir + c.link), c.link).succeeded());
+    struct stat st;
+    ASSERT_EQ(::lstat((dir + c.link).c_str(), &st), 0);
+    EXPECT_TRUE(S_ISLNK(st.st_mode));
+    std::ifstream in(dir + c.file);
+    EXPECT_EQ(std::string(std::istreambuf_iterator<char>(in), {}), c.link);
+  }
+}
+
 // One temporary per save, named as ours; the next save removes the ones a
 // killed save left (no process holds their lock) and nothing else.
 TEST(Package, StaleTemporariesOfOursAreRemoved) {
