@@ -14,6 +14,7 @@
 
 #include "V7Doc/document/Associations.h"
 #include "V7Doc/document/FileInfo.h"
+#include "V7Doc/document/KeptTexts.h"
 #include "V7Doc/document/QVDocument.h"
 
 #include "V7Doc/analysis/ANALYSIS.h"
@@ -121,6 +122,7 @@
 #include "V7Doc/files/DocumentPaths.h"
 #include "V7Doc/files/DocumentSchema.h"
 #include "V7Doc/files/DocumentSummary.h"
+#include "V7Doc/files/KeptTextPaths.h"
 #include "V7Doc/files/ReferenceCheck.h"
 
 #include "V7Doc/qvifile/KindByExt.h"

@@ -187,16 +187,26 @@ void QVContainerManager::ForEachDeclared(GID from, F&& f) {
   if (self && self->declared_ && self->declared_->RefersTo(from)) f(*self->declared_);
 }
 
+void QVContainerManager::AddObserver(IQVChangeListener* l) {
+  if (l && std::find(observers_.begin(), observers_.end(), l) == observers_.end()) observers_.push_back(l);
+}
+void QVContainerManager::RemoveObserver(IQVChangeListener* l) {
+  observers_.erase(std::remove(observers_.begin(), observers_.end(), l), observers_.end());
+}
+
 void QVContainerManager::NotifyAdd(GID from, const std::vector<GID>& ids) {
   ForEachListener(from, [&](IQVChangeListener& l) { l.OnAdd(from, ids); });
+  for (IQVChangeListener* o : observers_) o->OnAdd(from, ids);
 }
 void QVContainerManager::NotifyDelete(GID from, const std::vector<GID>& ids) {
   ForEachDeclared(from, [&](DeclaredReferences& d) { d.Forget(from, ids); });
   ForEachListener(from, [&](IQVChangeListener& l) { l.OnDelete(from, ids); });
+  for (IQVChangeListener* o : observers_) o->OnDelete(from, ids);
 }
 void QVContainerManager::NotifyIDUpdate(GID from, const std::vector<GID>& renumber) {
   ForEachDeclared(from, [&](DeclaredReferences& d) { d.Renumber(from, renumber); });
   ForEachListener(from, [&](IQVChangeListener& l) { l.OnIDUpdate(from, renumber); });
+  for (IQVChangeListener* o : observers_) o->OnIDUpdate(from, renumber);
 }
 
 }  // namespace v7

@@ -92,6 +92,12 @@ class QVContainerManager {
   // told. There is no undo history yet, so nothing else is held.
   int UndoFreeMemory();
 
+  // `l` hears the change notices of every container, after the
+  // subscribers (state kept beside the records, keyed by their IDs, follows
+  // the records this way). Not owned; remove it before it goes.
+  void AddObserver(IQVChangeListener* l);
+  void RemoveObserver(IQVChangeListener* l);
+
   // Change notices from container `from` to the listeners in its slot.
   void NotifyAdd(GID from, const std::vector<GID>& ids);
   void NotifyDelete(GID from, const std::vector<GID>& ids);
@@ -117,6 +123,7 @@ class QVContainerManager {
   std::map<std::wstring, IQVContainer*> by_name_;
   std::vector<std::vector<IQVContainer*>> subscribers_;
   std::vector<CleanupAction> cleanup_actions_;
+  std::vector<IQVChangeListener*> observers_;
 };
 
 }  // namespace v7

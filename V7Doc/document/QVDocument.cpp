@@ -45,6 +45,7 @@ const Func2DTable* QVDocData::FunctionList(GID list) const {
 
 QVDocument::QVDocument() {
   auto& m = containerManager_;
+  m.AddObserver(&keptTexts_);
   geometry_.Init(m);
   geometry_.RegisterRegions(m);
   m.Register(&materials_, L"Materials", container::Materials);
@@ -97,10 +98,11 @@ void QVDocument::BindDeclaredReferences() {
   containerManager_.DeclareRecords(container::Document, *declared->type, this);
 }
 
-QVDocument::~QVDocument() = default;
+QVDocument::~QVDocument() { containerManager_.RemoveObserver(&keptTexts_); }
 
 bool QVDocument::DataInit() {
   if (bInitialized_) containerManager_.Clear();
+  keptTexts_.Clear();
   view_ = {};
   eng_ = {};
   display_ = {};
@@ -132,6 +134,7 @@ bool QVDocument::DataFree() {
   strings_.clear();
   ResetSettings();
   containerManager_.Clear();
+  keptTexts_.Clear();
   bInitialized_ = false;
   currentResultContour_ = 0;
   return true;

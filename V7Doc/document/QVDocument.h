@@ -12,6 +12,7 @@
 #include "V7Doc/analysis/AnalysisKindData.h"
 #include "V7Doc/document/Associations.h"
 #include "V7Doc/document/FileInfo.h"
+#include "V7Doc/document/KeptTexts.h"
 #include "V7Doc/core/ContainerIDs.h"
 #include "V7Doc/core/QVContainerAssoc.h"
 #include "V7Doc/core/QVContainerManager.h"
@@ -231,17 +232,17 @@ class QVDocument : public QVDocData, public IQVContainer, public IQVChangeListen
 
   int UndoFreeMemory() { return containerManager_.UndoFreeMemory(); }
 
-  // Enumeration names this version does not know, by member path, as the
-  // last load read them (they read as undefined): a save writes each back
-  // where its member is still undefined, so that a load and a save lose
-  // nothing of a document from another version.
-  std::map<std::wstring, std::string>& KeptTexts() { return keptTexts_; }
-  const std::map<std::wstring, std::string>& KeptTexts() const { return keptTexts_; }
+  // Enumeration names this version does not know, as the last load read
+  // them (their members read as undefined): a save writes each back where
+  // its member is still undefined. They follow their records through
+  // deletion and renumbering.
+  v7::KeptTexts& KeptTexts() { return keptTexts_; }
+  const v7::KeptTexts& KeptTexts() const { return keptTexts_; }
 
  private:
   void ResetSettings();
   void BindDeclaredReferences();
-  std::map<std::wstring, std::string> keptTexts_;
+  v7::KeptTexts keptTexts_;
 };
 
 // The document variant used when results are loaded.

@@ -1,4 +1,5 @@
 #include "V7Doc/files/DocumentFile.h"
+#include "V7Doc/files/KeptTextPaths.h"
 
 #include "OC/package/AtomicFile.h"
 #include "OC/package/Package.h"
@@ -34,7 +35,8 @@ bool IsDocumentXmlPath(const std::wstring& path) { return EndsWithNoCase(path, L
 
 gtl::status DocumentToXml(const QVDocument& doc, std::string& xml) {
   if (auto s = RegisterDocumentSchema(); s.failed()) return s;
-  return oc::xml::StringWrite(DocumentStore(const_cast<QVDocument&>(doc)), xml, &doc.KeptTexts());
+  const oc::xml::KeptTexts kept = KeptTextsByPath(doc);
+  return oc::xml::StringWrite(DocumentStore(const_cast<QVDocument&>(doc)), xml, &kept);
 }
 
 gtl::status DocumentFromXml(std::string_view xml, QVDocument& doc, const std::wstring& source,
@@ -49,7 +51,7 @@ gtl::status DocumentFromXml(std::string_view xml, QVDocument& doc, const std::ws
   // A reference to a record that is not there is reported, not repaired:
   // the file may have been edited by hand, and the number saves back as read.
   std::vector<gtl::status> dangling = CheckReferences(doc);
-  doc.KeptTexts() = std::move(read.kept);
+  AdoptKeptTexts(doc, read.kept);
   if (report) {
     report->version = read.version;
     report->warnings.clear();

@@ -1,0 +1,65 @@
+// Unknown enumeration names ride with their records: through deletion of
+// others, compaction and the deletion of their own record, a save writes
+// each text in the record it was read in, and in no other.
+#include <gtest/gtest.h>
+
+#include <regex>
+#include <string>
+
+#include "V7Doc/document/QVDocument.h"
+#include "V7Doc/files/DocumentFile.h"
+
+namespace v7::files {
+namespace {
+
+std::string Analysis(int id, const char* name, const char* method) {
+  std::string s = "<Analysis><ID>" + std::to_string(id) + "</ID><Name>" + name + "</Name><Kind>STAB</Kind>";
+  if (method) s += std::string("<Method>") + method + "</Method>";
+  return s + "</Analysis>";
+}
+
+// "name=method;" for each analysis of the saved document, in order.
+std::string NamesAndMethods(const std::string& xml) {
+  static const std::regex one(R"(<Name>([^<]*)</Name>(?:[\s\S](?!</Analysis>))*?<Method>([^<]*)</Method>)");
+  std::string out;
+  for (std::sregex_iterator it(xml.begin(), xml.end(), one), end; it != end; ++it)
+    out += (*it)[1].str() + "=" + (*it)[2].str() + ";";
+  return out;
+}
+
+TEST(KeptTexts, FollowTheirRecords) {
+  const std::string xml = "<QVDocument Version=\"1.0\"><Analyses>" + Analysis(1, "A", "Spencer") +
+                          Analysis(2, "B", "QuasiStatic") + Analysis(3, "C", "Bogus") + "</Analyses></QVDocument>";
+  struct Case {
+    const char* what;
+    void (*edit)(QVDocument&);
+    const char* saved;
+  } cases[] = {
+      {"as read", [](QVDocument&) {}, "A=Spencer;B=QuasiStatic;C=Bogus;"},
+      {"compaction moves both down",
+       [](QVDocument& d) {
+         d.Analyses().Delete({1});
+         d.ContainerManager().FullCompact();
+       },
+       "B=QuasiStatic;C=Bogus;"},
+      {"a deleted record takes its text along",
+       [](QVDocument& d) {
+         d.Analyses().Delete({2});
+         d.ContainerManager().FullCompact();
+       },
+       "A=Spencer;C=Bogus;"},
+      {"a cleared document keeps none", [](QVDocument& d) { d.DataInit(); }, ""},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.what);
+    QVDocument doc;
+    ASSERT_TRUE(DocumentFromXml(xml, doc, L"kept.xml").succeeded());
+    c.edit(doc);
+    std::string saved;
+    ASSERT_TRUE(DocumentToXml(doc, saved).succeeded());
+    EXPECT_EQ(NamesAndMethods(saved), c.saved) << saved;
+  }
+}
+
+}  // namespace
+}  // namespace v7::files
