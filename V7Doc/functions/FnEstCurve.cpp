@@ -10,18 +10,6 @@
 
 namespace v7 {
 
-std::wstring FnEstField::Name() const {
-  switch (kind) {
-    case Double:
-      return makeDouble(0).Name;
-    case Unsigned:
-      return makeUnsigned(0).Name;
-    case Enum:
-      return makeEnum(0).Name;
-  }
-  return {};
-}
-
 FnAttr FnEstField::Write(double v) const {
   switch (kind) {
     case Double:
@@ -53,6 +41,7 @@ FnEstField EstDouble(FnAttr (*make)(double), double def, double lo, double hi, b
   FnEstField f;
   f.makeDouble = make;
   f.def = def, f.lo = lo, f.hi = hi, f.allowUnset = allowUnset;
+  f.name = make(0).Name;
   return f;
 }
 
@@ -62,6 +51,7 @@ FnEstField EstCount(FnAttr (*make)(std::uint32_t), std::uint32_t def, std::uint3
   f.kind = FnEstField::Unsigned;
   f.makeUnsigned = make;
   f.def = def, f.lo = lo, f.hi = hi;
+  f.name = make(0).Name;
   return f;
 }
 
@@ -72,6 +62,7 @@ FnEstField EstEnum(FnAttr (*make)(std::int32_t), const meta::MetaEnumCommon& (*t
   f.makeEnum = make;
   f.table = table;
   f.def = def;
+  f.name = make(0).Name;
   return f;
 }
 
@@ -102,14 +93,14 @@ void FnEstCurve::SyncRange() {
     numPoints_ = static_cast<std::uint32_t>(v);
 }
 
-gtl::status FnEstCurve::ParamError(const std::wstring& name, const std::wstring& reason) const {
+gtl::status FnEstCurve::ParamError(std::wstring_view name, const std::wstring& reason) const {
   for (std::size_t i = 0; i < fields_->size(); ++i)
     if ((*fields_)[i].Name() == name)
       return AttributeError((*fields_)[i].Write(values_[i]), reason);
-  return AttributeError(FnAttr(name), reason);
+  return AttributeError(FnAttr(std::wstring(name)), reason);
 }
 
-double FnEstCurve::Param(const std::wstring& name) const {
+double FnEstCurve::Param(std::wstring_view name) const {
   for (std::size_t i = 0; i < fields_->size(); ++i)
     if ((*fields_)[i].Name() == name) return values_[i];
   return qvi::kNoValue;

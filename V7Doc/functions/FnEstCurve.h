@@ -15,6 +15,7 @@
 #include <cstdint>
 #include <limits>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "QVI/meta/MetaEnumCommon.h"
@@ -35,8 +36,9 @@ struct FnEstField {
   double lo = std::numeric_limits<double>::lowest();  // accepted range
   double hi = std::numeric_limits<double>::max();
   bool allowUnset = false;  // empty text (the no-value marker) accepted
+  std::wstring name;        // the attribute's name, taken from the factory once
 
-  std::wstring Name() const;
+  const std::wstring& Name() const { return name; }
   FnAttr Write(double v) const;
   // Reads `a`'s text into v; false (and the first error kept in s) when malformed.
   bool Read(const FnAttr& a, double& v, gtl::status& s) const;
@@ -65,9 +67,10 @@ class FnEstCurve : public FnEstBase, public IFnReferences {
   std::wstring OutputQuantity() const override { return output_; }
 
   // The value of a data attribute by name; qvi::kNoValue when the kind has none.
-  double Param(const std::wstring& name) const;
+  // Estimates call this for every point of a table: it compares names only.
+  double Param(std::wstring_view name) const;
   // The value of an enumeration or count attribute.
-  std::int32_t IntParam(const std::wstring& name) const {
+  std::int32_t IntParam(std::wstring_view name) const {
     return static_cast<std::int32_t>(Param(name));
   }
 
@@ -85,7 +88,7 @@ class FnEstCurve : public FnEstBase, public IFnReferences {
   // The estimate at one input of the table.
   virtual double Estimate(double) const { return qvi::kNoValue; }
   // The error "%s : %s" for the attribute `name` with its current value.
-  gtl::status ParamError(const std::wstring& name, const std::wstring& reason) const;
+  gtl::status ParamError(std::wstring_view name, const std::wstring& reason) const;
 
   bool SuctionInput() const override { return false; }
   bool LogInput() const override { return false; }
