@@ -1,15 +1,14 @@
 #include "V7Doc/functions/FnConst.h"
 
 #include <cmath>
-#include <cwchar>
+
+#include "QVI/str/Convert.h"
 
 namespace v7 {
 
-std::wstring FnConst::as_wstring() const {
-  wchar_t buf[64];
-  std::swprintf(buf, 64, L"%.16g", value_);
-  return buf;
-}
+// The shortest text that reads back as the same double: a constant saved
+// and loaded keeps its value to the last bit (16 digits do not always).
+std::wstring FnConst::as_wstring() const { return str::to_wstring(value_); }
 
 gtl::status FnConst::SetAttributes(const std::vector<FnAttr>& attrs) {
   gtl::status s = FnImpl::SetAttributes(attrs);

@@ -155,6 +155,12 @@ TEST(IFn, SharedFunctionsAndConstantFactory) {
   EXPECT_FALSE(IFn::Constant(kNo).IsUndefined());  // a new object, not the shared one
   EXPECT_EQ(IFn::Constant(1.0 / 3).as_wstring(), L"0.3333333333333333");
   EXPECT_EQ(IFn::Constant(2).as_wstring(), L"2");
+  // Seventeen digits where sixteen would read back as another double.
+  for (double v : {0.1 + 0.2, 3.3333333333333335e+53, 5e-324, -1.7976931348623157e308}) {
+    IFn back;
+    ASSERT_TRUE(FnCreate(IFn::Constant(v).as_wstring(), back).succeeded()) << v;
+    EXPECT_EQ(back(0.0), v);
+  }
 }
 
 TEST(IFn, CopyOnWriteKeepsOtherHoldersUnchanged) {
