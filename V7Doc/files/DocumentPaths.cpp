@@ -53,23 +53,27 @@ gtl::status ExplainIndexMiss(const oc::IODS& store, std::wstring_view path, std:
       continue;
     }
     if (!oc::IsArray(collection)) return {};
-    // Tables number their records by ID (with gaps where records were
-    // deleted); arrays count from 0.
+    // Tables number their records by ID, with gaps where records were
+    // deleted: a few IDs are listed, more as their range. Arrays count
+    // from 0 without gaps.
     const bool table = collection.Template() && collection.Template()->type == oc::ValueType::Table;
-    std::wstring range = L"none";
-    if (collection.Length()) {
-      std::uint64_t first = 0, last = 0;
-      bool any = false;
-      for (oc::IOC c = collection.begin(); c.IsValid(); c = collection.GetNextSubOC(c)) {
-        const std::uint64_t id = files::ElementIndex(c);
-        if (!any) first = id;
-        last = id, any = true;
-      }
-      range = str::to_wstring(static_cast<unsigned long long>(first)) + L" to " +
-              str::to_wstring(static_cast<unsigned long long>(last));
+    std::vector<std::uint64_t> ids;
+    for (oc::IOC c = collection.begin(); c.IsValid(); c = collection.GetNextSubOC(c))
+      ids.push_back(files::ElementIndex(c));
+    const auto n = [](std::uint64_t v) { return str::to_wstring(static_cast<unsigned long long>(v)); };
+    const bool one = ids.size() == 1;
+    std::wstring holds = ids.empty() ? std::wstring(table ? L"no records" : L"no elements")
+                         : table     ? n(ids.size()) + (one ? L" record, ID " : L" records, IDs ")
+                                     : n(ids.size()) + (one ? L" element, index " : L" elements, indices ");
+    constexpr std::size_t kListed = 8;
+    if (ids.size() > kListed || (!table && ids.size() > 1)) {
+      holds += n(ids.front()) + L" to " + n(ids.back());
+    } else {
+      for (std::size_t i = 0; i < ids.size(); ++i)
+        holds += (i == 0 ? L"" : i + 1 == ids.size() ? L" and " : L", ") + n(ids[i]);
     }
     return gtl::status::error(table ? kMsgNoRecord : kMsgNoElement, step.index, std::wstring(expression),
-                              step.name, static_cast<unsigned long long>(collection.Length()), range);
+                              step.name, holds);
   }
   return {};
 }

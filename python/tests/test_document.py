@@ -31,7 +31,7 @@ def test_round_trip_matches_qvdoc_set(qvdoc, project, tmp_path, path, value, tex
 
 # (path, value, words the message must hold)
 REFUSED = [
-    ("analyses[9].Name", "x", "There is no record 9 in analyses[9].Name: analyses holds 3 records, IDs 1 to 3"),
+    ("analyses[9].Name", "x", "There is no record 9 in analyses[9].Name: analyses holds 3 records, IDs 1, 2 and 3."),
     ("analyses[1].NoSuchMember", "x", "NoSuchMember"),
     ("analyses[1].fTolerance_", 5.0, "outside the bounds [0, 1]"),
     ("analyses[1].SlipDir_", "Upwards", "Upwards"),
@@ -93,7 +93,7 @@ def test_add_and_delete_records_survive_a_save(project, tmp_path):
     fn = doc.table("HKFns").add(strName_="Constant K", fn_="1e-7")
     assert doc.evaluate(fn.path, 3.0) == 1e-7
     del doc.analyses[2]
-    with pytest.raises(qvv7.Error, match="IDs 1 to 4"):
+    with pytest.raises(qvv7.Error, match="IDs 1, 3 and 4"):
         doc.analyses.delete(2)
     with pytest.raises(qvv7.Error, match="outside the bounds"):
         doc.analyses.add(kind="HYDRO", fTolerance_=7)

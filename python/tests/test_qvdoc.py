@@ -45,7 +45,7 @@ def test_collections_list_records_and_misses_name_the_collection(qvdoc, project)
     out = run(qvdoc, "get", project, "analyses")
     assert out.splitlines() == ["analyses: 3 records", "  [1] Steady seepage", "  [2] Reservoir drawdown",
                                 "  [3] Slope stability after drawdown"]
-    assert "analyses holds 3 records, IDs 1 to 3" in run(qvdoc, "get", project, "analyses[4].Name", code=1)
+    assert "analyses holds 3 records, IDs 1, 2 and 3." in run(qvdoc, "get", project, "analyses[4].Name", code=1)
     assert "points_ holds 4 elements, indices 0 to 3" in run(qvdoc, "get", project, "HKFns[1].points_[9]", code=1)
 
 
