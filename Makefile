@@ -6,7 +6,8 @@ BUILD_DIR := build/$(PRESET)
 
 DEB_PACKAGES := cmake make g++ pkg-config ccache \
   libgtest-dev libgmock-dev libbenchmark-dev \
-  libpugixml-dev libzip-dev libeigen3-dev libboost-dev libcli11-dev libqhull-dev
+  libpugixml-dev libzip-dev libeigen3-dev libboost-dev libcli11-dev libqhull-dev \
+  python3-dev python3-pybind11 pybind11-dev python3-numpy python3-pytest
 # libFuzzer and the sanitizer runtimes come with clang (the runtimes are a
 # package of their own on Debian 12); only `make fuzz` needs them.
 ifeq ($(PRESET),fuzz)

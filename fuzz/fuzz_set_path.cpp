@@ -12,6 +12,7 @@
 #include "OC/Path.h"
 #include "QVI/str/Convert.h"
 #include "V7Doc/document/QVDocument.h"
+#include "V7Doc/files/DocumentEdit.h"
 #include "V7Doc/files/DocumentFile.h"
 #include "V7Doc/files/DocumentSchema.h"
 
@@ -50,11 +51,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 
   v7::QVDocument doc;
   if (v7::files::DocumentFromXml(original, doc, L"seed").failed()) std::abort();
-  oc::IOC node;
-  const gtl::status found = oc::Find(v7::files::DocumentStore(doc), path, node);
-  (void)found.message();
-  if (found.failed() || oc::IsArray(node) || node.Type() == oc::ValueType::Struct) return 0;
-  const gtl::status set = node.Set(value);
+  // As `qvdoc set` and the Python module set it.
+  v7::files::SetReport report;
+  const gtl::status set = v7::files::SetValueInDocument(doc, path, value, &report);
   (void)set.message();
   std::string once;
   if (v7::files::DocumentToXml(doc, once).failed()) std::abort();
@@ -62,7 +61,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     if (once != original) std::abort();  // refused: nothing changed
     return 0;
   }
-  (void)oc::PrettyPrintValue(node);
   v7::QVDocument back;
   std::string twice;
   if (v7::files::DocumentFromXml(once, back, L"again").failed()) std::abort();

@@ -10,6 +10,22 @@ namespace {
 constexpr unsigned kMsgNotAValue = 31045;
 }  // namespace
 
+gtl::status SetValueInDocument(QVDocument& doc, const std::wstring& path, const std::wstring& text,
+                               SetReport* report) {
+  SetReport local;
+  SetReport& r = report ? *report : local;
+  oc::IOC node;
+  if (auto s = doc::FindInDocument(doc, path, node); s.failed()) return s;
+  // A record or a collection has no text of its own to set.
+  if (oc::IsArray(node) || node.Type() == oc::ValueType::Struct)
+    return gtl::status::error(kMsgNotAValue, path, L"the document");
+  const gtl::status set = node.Set(text);
+  if (set.failed()) return set;
+  if (set.is_warning()) r.warnings.push_back(set);
+  r.value = oc::PrettyPrintValue(node);
+  return {};
+}
+
 gtl::status SetValueInFile(const std::wstring& file, const std::wstring& path,
                            const std::wstring& text, SetReport* report) {
   SetReport local;
@@ -20,16 +36,12 @@ gtl::status SetValueInFile(const std::wstring& file, const std::wstring& path,
   LoadReport loaded;
   if (auto s = LoadDocument(file, doc, &results, &loaded); s.failed()) return s;
   r.warnings = std::move(loaded.warnings);
-  oc::IOC node;
-  if (auto s = doc::FindInDocument(doc, path, node); s.failed()) return s;
-  // A record or a collection has no text of its own to set.
-  if (oc::IsArray(node) || node.Type() == oc::ValueType::Struct)
-    return gtl::status::error(kMsgNotAValue, path, file);
-  const gtl::status set = node.Set(text);
-  if (set.failed()) return set;
-  if (set.is_warning()) r.warnings.push_back(set);
+  SetReport set;
+  if (auto s = SetValueInDocument(doc, path, text, &set); s.failed())
+    return s.id() == kMsgNotAValue ? gtl::status::error(kMsgNotAValue, path, file) : s;
+  r.warnings.insert(r.warnings.end(), set.warnings.begin(), set.warnings.end());
   if (auto s = SaveDocument(doc, file, results); s.failed()) return s;
-  r.value = oc::PrettyPrintValue(node);
+  r.value = std::move(set.value);
   return {};
 }
 

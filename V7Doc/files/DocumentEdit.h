@@ -8,6 +8,10 @@
 
 #include "QVI/gtl/status.h"
 
+namespace v7 {
+class QVDocument;
+}
+
 namespace v7::files {
 
 // What SetValueInFile did.
@@ -15,6 +19,13 @@ struct SetReport {
   std::wstring value;                 // the stored value as displayed (with units)
   std::vector<gtl::status> warnings;  // from loading, and from the setter
 };
+
+// Sets the value at `path` of `doc` (member names, tags, aliases or a path
+// expression) from `text`, checked as any Set checks it (type, enumeration
+// name, bounds, read-only); a record or a collection is refused. On success
+// `report` holds the value as displayed and any warning of the setter.
+gtl::status SetValueInDocument(QVDocument& doc, const std::wstring& path, const std::wstring& text,
+                               SetReport* report = nullptr);
 
 // Loads `file` (".qvz" or ".xml"), sets the value at `path` (member names,
 // tags, aliases or a path expression: "analyses[1].Name",

@@ -1,5 +1,8 @@
 #include "V7Doc/files/DocumentSummary.h"
 
+#include <cwchar>
+#include <cwctype>
+
 #include "OC/IOC.h"
 #include "OC/Schema.h"
 #include "V7Doc/document/QVDocument.h"
@@ -29,6 +32,40 @@ std::vector<CollectionSummary> SummarizeCollections(const QVDocument& doc) { ret
 
 std::vector<CollectionSummary> CompareCollections(const QVDocument& doc, const QVDocument& other) {
   return Walk(doc, &other);
+}
+
+}  // namespace v7::files
+
+namespace v7::files {
+
+std::uint64_t ElementIndex(const oc::IOC& element) {
+  const std::wstring where = element.Where();
+  const auto open = where.rfind(L'[');
+  if (open == std::wstring::npos || where.back() != L']') return 0;
+  return std::wcstoull(where.c_str() + open + 1, nullptr, 10);
+}
+
+std::wstring RecordLabel(const oc::IOC& record) {
+  static constexpr std::wstring_view kLabels[] = {L"name", L"title", L"description"};
+  const auto lower = [](std::wstring s) {
+    for (auto& c : s) c = static_cast<wchar_t>(std::towlower(c));
+    return s;
+  };
+  // The member's C++ name without its type prefix and trailing underscore
+  // ("strName_" -> "name"), or its persisted tag.
+  const auto matches = [&](const oc::Member& m, std::wstring_view label) {
+    if (lower(m.last_tag) == label) return true;
+    std::wstring n = lower(m.name);
+    while (!n.empty() && n.back() == L'_') n.pop_back();
+    return n.size() >= label.size() && n.compare(n.size() - label.size(), label.size(), label) == 0;
+  };
+  for (std::wstring_view label : kLabels)
+    for (oc::IOC c = record.begin(); c.IsValid(); c = record.GetNextSubOC(c)) {
+      if (c.Type() != oc::ValueType::WString || !c.Template() || !matches(*c.Template(), label)) continue;
+      std::wstring text;
+      if (c.Get(text).succeeded()) return text;
+    }
+  return {};
 }
 
 }  // namespace v7::files

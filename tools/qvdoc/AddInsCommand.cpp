@@ -72,6 +72,8 @@ void AddAddInsCommand(CLI::App& app) {
   cmd->require_subcommand(1);
   auto file = std::make_shared<std::string>();
   auto* scan = cmd->add_subcommand("scan", "List the types, methods and fields an add-in library offers");
+  cmd->footer("Example:\n  qvdoc addins scan build/release/examples/addins/gardner_conductivity.so");
+  scan->footer("Example:\n  qvdoc addins scan build/release/examples/addins/gardner_conductivity.so");
   scan->add_option("FILE", *file, "The add-in library (a shared library built against addins/QviAddIn.h)")
       ->required();
   scan->callback([file] { Scan(*file); });

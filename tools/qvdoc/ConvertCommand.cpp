@@ -14,6 +14,7 @@ namespace {
 
 void AddConvertCommand(CLI::App& app) {
   auto* cmd = app.add_subcommand("convert", "Load a project and save it as .qvz or .xml");
+  cmd->footer("Example:\n  qvdoc convert demo.qvz project.xml");
   auto in = std::make_shared<std::string>();
   auto out = std::make_shared<std::string>();
   cmd->add_option("IN", *in, "The project or document to read")->required();

@@ -10,6 +10,7 @@ namespace {
 
 void AddDemoCommand(CLI::App& app) {
   auto* cmd = app.add_subcommand("demo", "Build a sample project and show what it holds");
+  cmd->footer("Example:\n  qvdoc demo --out build/demo");
   auto outDir = std::make_shared<std::string>("qvdoc-demo");
   cmd->add_option("--out", *outDir, "Folder for the files the demo writes")->capture_default_str();
   cmd->callback([outDir] {

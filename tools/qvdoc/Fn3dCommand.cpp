@@ -182,6 +182,7 @@ void Run(const Fn3dOptions& o) {
 void AddFn3dCommand(CLI::App& app) {
   auto o = std::make_shared<Fn3dOptions>();
   auto* cmd = app.add_subcommand("fn3d", "Fit a surface to scattered x,y,value points and evaluate or map it");
+  cmd->footer("Example:\n  qvdoc fn3d heads.csv --model kriging --at 12.5,3\n  qvdoc fn3d heads.csv --grid 40,30 --svg heads.svg");
   cmd->add_option("points", o->file, "CSV file of x,y,value rows (a header line allowed)")->required();
   cmd->add_option("--model", o->model, "Surface: kriging or linear")->capture_default_str();
   cmd->add_option("--at", o->at, "Print the value at X,Y (shortest exact form)");

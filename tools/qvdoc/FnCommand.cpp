@@ -27,6 +27,7 @@
 #include "V7Doc/functions/FnEstHydK.h"
 #include "V7Doc/functions/FnImpl.h"
 #include "tools/qvdoc/Commands.h"
+#include "tools/qvdoc/Json.h"
 #include "tools/qvdoc/Svg.h"
 
 namespace qvdoc {
@@ -34,7 +35,9 @@ namespace {
 
 struct FnOptions {
   std::string text;
-  double from = 0, to = 1;
+  double from = std::nan(""), to = std::nan("");
+  double at = std::nan("");  // a number: evaluate at this one input only
+  bool json = false;
   int points = 21;
   bool logX = false;
   std::string svg;
@@ -57,8 +60,9 @@ std::string Quoted(const std::string& input) {
   return "\"" + str::to_utf8(str::escape_controls(str::to_wstring(input))) + "\"";
 }
 
-std::string Number(double v) {
-  if (qvi::IsNoValue(v)) return "-";
+// A tick label: ticks are rounded positions, and six digits keep one
+// computed as 3 * 0.2 from reading 0.6000000000000001.
+std::string TickLabel(double v) {
   char buf[32];
   std::snprintf(buf, sizeof buf, "%.6g", v);
   return buf;
@@ -133,7 +137,7 @@ void WriteSvg(const FnOptions& o, const v7::IFn& fn, const std::vector<double>& 
                   "<line x1=\"%.2f\" y1=\"%g\" x2=\"%.2f\" y2=\"%g\" stroke=\"#ddd\"/>"
                   "<line x1=\"%.2f\" y1=\"%g\" x2=\"%.2f\" y2=\"%g\" stroke=\"black\"/>"
                   "<text x=\"%.2f\" y=\"%g\" text-anchor=\"middle\">%s</text>\n",
-                  X, T, X, H - B, X, H - B, X, H - B + 6, X, H - B + 20, Number(t).c_str());
+                  X, T, X, H - B, X, H - B, X, H - B + 6, X, H - B + 20, TickLabel(t).c_str());
     out << buf;
   }
   for (double t : NiceTicks(y0, y1, 6)) {
@@ -142,7 +146,7 @@ void WriteSvg(const FnOptions& o, const v7::IFn& fn, const std::vector<double>& 
                   "<line x1=\"%g\" y1=\"%.2f\" x2=\"%g\" y2=\"%.2f\" stroke=\"#ddd\"/>"
                   "<line x1=\"%g\" y1=\"%.2f\" x2=\"%g\" y2=\"%.2f\" stroke=\"black\"/>"
                   "<text x=\"%g\" y=\"%.2f\" text-anchor=\"end\">%s</text>\n",
-                  L, Y, W - R, Y, L - 6, Y, L, Y, L - 9, Y + 4, Number(t).c_str());
+                  L, Y, W - R, Y, L - 6, Y, L, Y, L - 9, Y + 4, TickLabel(t).c_str());
     out << buf;
   }
   // Axis labels: the function's quantities when it names them.
@@ -222,14 +226,15 @@ void WriteSvg(const FnOptions& o, const v7::IFn& fn, const std::vector<double>& 
 // The conductivity estimated from the water-content function `wc` at each
 // suction of `xs`: `wc` becomes function 1 of the water-content list of a
 // scratch document, made current while the estimate is built.
-std::vector<double> EstimateConductivity(const FnOptions& o, const v7::IFn& wc, const std::vector<double>& xs) {
+std::vector<double> EstimateConductivity(const FnOptions& o, const v7::IFn& wc, const std::vector<double>& xs,
+                                         std::string& estimator) {
   if (!o.suction) Fail("--conductivity needs --suction (the inputs are suctions)");
   const v7::QVDocumentHandle previous = v7::QVDocumentGetCurrentHandle();
   v7::QVDocumentHandle doc(new v7::QVDocument());
   doc->DataInit();
   v7::QVDocumentSetCurrentHandle(doc);
   doc->FunctionList(14)->Add(v7::Func2D(L"water content", L"", wc));
-  const double lo = std::min(o.from, o.to), hi = std::max(o.from, o.to);
+  const double lo = std::min(xs.front(), xs.back()), hi = std::max(xs.front(), xs.back());
   const std::wstring text = str::format(L"FnEstHydK(VolWCFnNum=1,HydKSat=%s,HydKEstMethod=%s,Min=%s,Max=%s,NumPoints=%s,ResWC=%s)",
                                         o.kSat, str::to_wstring(o.hydkMethod), lo, hi, std::min(o.points, 2000), o.resWC);
   v7::IFn k;
@@ -237,17 +242,42 @@ std::vector<double> EstimateConductivity(const FnOptions& o, const v7::IFn& wc, 
   if (s.succeeded()) s = k.Unshared()->UpdateCalculatedValues();
   v7::QVDocumentSetCurrentHandle(previous);
   if (!s.succeeded()) Fail("cannot estimate the conductivity: " + s.message_utf8());
-  std::cout << "# " << str::to_utf8(k.as_wstring()) << "\n";
+  estimator = str::to_utf8(k.as_wstring());
   std::vector<double> ks;
   for (double x : xs) ks.push_back(k(-x));
   return ks;
 }
 
+// {"function", "input", "x", "y"} and, with a conductivity, "K" and its
+// estimator's text; with --at, numbers instead of lists.
+void PrintJson(const FnOptions& o, const std::string& function, const std::vector<double>& xs,
+               const std::vector<double>& ys, const std::vector<double>& ks, const std::string& estimator) {
+  const bool one = !std::isnan(o.at);
+  const auto values = [one](const std::vector<double>& v) {
+    if (one) return JsonNumber(v[0]);
+    std::string out = "[";
+    for (std::size_t i = 0; i < v.size(); ++i) out += (i ? ", " : "") + JsonNumber(v[i]);
+    return out + "]";
+  };
+  std::cout << "{\"function\": " << JsonString(std::string_view(function)) << ", \"input\": \""
+            << (o.suction ? "suction" : "x") << "\", \"x\": " << values(xs) << ", \"y\": " << values(ys);
+  if (!ks.empty())
+    std::cout << ", \"K\": " << values(ks) << ", \"conductivity_function\": " << JsonString(std::string_view(estimator));
+  std::cout << "}\n";
+}
+
 void Run(const FnOptions& o) {
-  if (o.points < 2 || o.points > 100000) Fail("--points must be between 2 and 100000");
-  if (!std::isfinite(o.from) || !std::isfinite(o.to) || o.from == o.to)
-    Fail("--from and --to must be two different finite numbers");
-  if (o.logX && (o.from <= 0 || o.to <= 0)) Fail("--log-x needs --from and --to above zero");
+  const bool one = !std::isnan(o.at);
+  if (one) {
+    if (!std::isfinite(o.at)) Fail("--at must be a finite number");
+    if (!o.svg.empty()) Fail("--svg draws a range of inputs: give --from and --to instead of --at");
+  } else {
+    if (std::isnan(o.from) || std::isnan(o.to)) Fail("give the inputs: --from A --to B, or --at X");
+    if (o.points < 2 || o.points > 100000) Fail("--points must be between 2 and 100000");
+    if (!std::isfinite(o.from) || !std::isfinite(o.to) || o.from == o.to)
+      Fail("--from and --to must be two different finite numbers");
+    if (o.logX && (o.from <= 0 || o.to <= 0)) Fail("--log-x needs --from and --to above zero");
+  }
 
   // A scratch current document holding the --wc function as water-content
   // function 1, for the estimators that read one by number.
@@ -281,11 +311,13 @@ void Run(const FnOptions& o) {
   if (const gtl::status u = fn.Unshared()->UpdateCalculatedValues(); u.failed())
     Fail("cannot update the function: " + u.message_utf8());
 
-  std::vector<double> xs(static_cast<std::size_t>(o.points)), ys(xs.size());
-  for (int i = 0; i < o.points; ++i) {
-    const double t = static_cast<double>(i) / (o.points - 1);
-    xs[i] = o.logX ? std::pow(10.0, std::log10(o.from) + t * (std::log10(o.to) - std::log10(o.from)))
-                   : o.from + t * (o.to - o.from);
+  const int n = one ? 1 : o.points;
+  std::vector<double> xs(static_cast<std::size_t>(n)), ys(xs.size());
+  for (int i = 0; i < n; ++i) {
+    const double t = one ? 0 : static_cast<double>(i) / (n - 1);
+    xs[i] = one    ? o.at
+            : o.logX ? std::pow(10.0, std::log10(o.from) + t * (std::log10(o.to) - std::log10(o.from)))
+                     : o.from + t * (o.to - o.from);
     ys[i] = fn(o.suction ? -xs[i] : xs[i]);
   }
   // A function without a single value says why, when it knows (an add-in
@@ -293,16 +325,27 @@ void Run(const FnOptions& o) {
   if (const gtl::status e = fn->LastError(); e.failed() && std::all_of(ys.begin(), ys.end(), qvi::IsNoValue))
     Fail("the function has no value at any input: " + e.message_utf8());
   std::vector<double> ks;
-  if (o.kSat > 0) ks = EstimateConductivity(o, fn, xs);
+  std::string estimator;
+  if (o.kSat > 0) ks = EstimateConductivity(o, fn, xs, estimator);
+  if (o.json) return PrintJson(o, str::to_utf8(fn.as_wstring()), xs, ys, ks, estimator);
+  if (one) {
+    // One input: the value alone, for use in a shell's $(...).
+    std::cout << Number(ys[0]);
+    if (!ks.empty()) std::cout << " " << Number(ks[0]);
+    std::cout << "\n";
+    return;
+  }
+  if (!estimator.empty()) std::cout << "# " << estimator << "\n";
   std::cout << "# " << str::to_utf8(fn.as_wstring()) << "\n";
-  char line[96];
-  std::snprintf(line, sizeof line, "%16s  %16s%s\n", o.suction ? "suction" : "x", "y",
-                ks.empty() ? "" : "                 K");
+  // Columns wide enough for any double in its shortest exact form.
+  char line[128];
+  std::snprintf(line, sizeof line, "%24s  %24s%s\n", o.suction ? "suction" : "x", "y",
+                ks.empty() ? "" : "                         K");
   std::cout << line;
   for (std::size_t i = 0; i < xs.size(); ++i) {
-    std::snprintf(line, sizeof line, "%16s  %16s", Number(xs[i]).c_str(), Number(ys[i]).c_str());
+    std::snprintf(line, sizeof line, "%24s  %24s", Number(xs[i]).c_str(), Number(ys[i]).c_str());
     std::cout << line;
-    if (!ks.empty()) std::cout << "  " << std::string(16 - std::min<std::size_t>(16, Number(ks[i]).size()), ' ') << Number(ks[i]);
+    if (!ks.empty()) std::cout << "  " << std::string(24 - std::min<std::size_t>(24, Number(ks[i]).size()), ' ') << Number(ks[i]);
     std::cout << "\n";
   }
   if (!o.svg.empty()) {
@@ -315,8 +358,13 @@ void AddFnCommand(CLI::App& app) {
   auto o = std::make_shared<FnOptions>();
   auto* cmd = app.add_subcommand("fn", "Evaluate a function given as text, and optionally plot it");
   cmd->add_option("text", o->text, "The function's text, e.g. \"Spline(Tension=10)\" or \"2.5\"")->required();
-  cmd->add_option("--from", o->from, "First input")->required();
-  cmd->add_option("--to", o->to, "Last input")->required();
+  auto* at = cmd->add_option("--at", o->at, "Evaluate at this one input only (prints the value alone)");
+  cmd->add_option("--from", o->from, "First input")->excludes(at);
+  cmd->add_option("--to", o->to, "Last input")->excludes(at);
+  cmd->add_flag("--json", o->json, "Print JSON: {\"function\", \"input\", \"x\", \"y\"} (and \"K\")");
+  cmd->footer(
+      "Example:\n  qvdoc fn \"Spline(Tension=0)\" --data \"0,0;1,1;2,4;3,9\" --from 0 --to 3 --svg curve.svg\n"
+      "  qvdoc fn \"Van_Genuchten(A=10,N=2,SatWC=0.4,ResWC=0.1)\" --suction --at 25");
   cmd->add_option("--points", o->points, "Number of inputs evaluated")->capture_default_str();
   cmd->add_flag("--log-x", o->logX, "Space the inputs evenly in log10 (and plot so)");
   cmd->add_option("--svg", o->svg, "Draw the curve into this SVG file");

@@ -10,15 +10,48 @@
 #include "V7Doc/files/DocumentSummary.h"
 #include "tools/qvdoc/Commands.h"
 #include "tools/qvdoc/DocumentCommon.h"
+#include "tools/qvdoc/Json.h"
 
 namespace qvdoc {
 namespace {
 
+template <class FilesIn>
+void PrintJson(const std::string& file, const std::wstring& version, v7::QVDocument& doc,
+               const std::set<std::wstring>& folders, const FilesIn& filesIn) {
+  std::cout << "{\"file\": " << JsonString(std::string_view(file)) << ", \"format_version\": " << JsonString(version)
+            << ", \"collections\": {";
+  const char* sep = "";
+  for (const auto& c : v7::files::SummarizeCollections(doc)) {
+    if (!c.count) continue;
+    std::cout << sep << JsonString(c.member) << ": {\"tag\": " << JsonString(c.tag) << ", \"count\": " << c.count << "}";
+    sep = ", ";
+  }
+  std::cout << "}, \"analyses\": [";
+  sep = "";
+  for (auto it = doc.Analyses().begin(); it != doc.Analyses().end(); ++it) {
+    std::cout << sep << "{\"id\": " << it.ID() << ", \"name\": " << JsonString(it->name)
+              << ", \"kind\": " << JsonString(meta::ToName(it->kind))
+              << ", \"method\": " << JsonString(meta::ToName(it->method)) << "}";
+    sep = ", ";
+  }
+  std::cout << "], \"result_folders\": {";
+  sep = "";
+  for (const auto& f : folders) {
+    std::cout << sep << JsonString(f) << ": " << filesIn(f);
+    sep = ", ";
+  }
+  std::cout << "}}\n";
+}
+
 void AddInfoCommand(CLI::App& app) {
   auto* cmd = app.add_subcommand("info", "Summarise a project (.qvz) or document (.xml)");
   auto file = std::make_shared<std::string>();
+  cmd->footer("Example:\n  qvdoc info demo.qvz\n  qvdoc info demo.qvz --json");
   cmd->add_option("FILE", *file, "The project or document")->required();
-  cmd->callback([file] {
+  auto json = std::make_shared<bool>(false);
+  cmd->add_flag("--json", *json,
+                "Print JSON: {\"file\", \"format_version\", \"collections\", \"analyses\", \"result_folders\"}");
+  cmd->callback([file, json] {
     v7::QVDocument doc;
     v7::files::LoadReport report;
     LoadOrFail("info", *file, doc, nullptr, &report);
@@ -28,6 +61,20 @@ void AddInfoCommand(CLI::App& app) {
     if (v7::files::IsPackagePath(str::to_wstring(*file)))
       if (auto s = v7::files::ListPackageEntries(str::to_wstring(*file), results); s.failed())
         FailWith("info", s.message());
+    std::set<std::wstring> folders;
+    for (const auto& name : results) {
+      const auto slash = name.find(L'/');
+      folders.insert(slash == std::wstring::npos ? std::wstring(L"(root)") : name.substr(0, slash));
+    }
+    const auto filesIn = [&results](const std::wstring& folder) {
+      std::size_t n = 0;
+      for (const auto& name : results) n += name.rfind(folder + L"/", 0) == 0;
+      return n;
+    };
+    if (*json) {
+      PrintJson(*file, report.version, doc, folders, filesIn);
+      return;
+    }
     std::cout << "file: " << *file << "\nformat version: " << str::to_utf8(report.version) << "\n";
     std::cout << "collections:\n";
     for (const auto& c : v7::files::SummarizeCollections(doc))
@@ -36,17 +83,8 @@ void AddInfoCommand(CLI::App& app) {
     for (auto it = doc.Analyses().begin(); it != doc.Analyses().end(); ++it)
       std::cout << "  [" << it.ID() << "] " << str::to_utf8(it->name) << " ("
                 << str::to_utf8(meta::ToName(it->kind)) << ", " << str::to_utf8(meta::ToName(it->method)) << ")\n";
-    std::set<std::wstring> folders;
-    for (const auto& name : results) {
-      const auto slash = name.find(L'/');
-      folders.insert(slash == std::wstring::npos ? std::wstring(L"(root)") : name.substr(0, slash));
-    }
     std::cout << "result folders:" << (folders.empty() ? " none" : "") << "\n";
-    for (const auto& f : folders) {
-      std::size_t n = 0;
-      for (const auto& name : results) n += name.rfind(f + L"/", 0) == 0;
-      std::cout << "  " << str::to_utf8(f) << ": " << n << " files\n";
-    }
+    for (const auto& f : folders) std::cout << "  " << str::to_utf8(f) << ": " << filesIn(f) << " files\n";
   });
 }
 

@@ -1,6 +1,7 @@
 // `qvdoc results FILE`: lists the result folders and tables of a project
 // package; with --analysis and --table it prints the chosen columns of one
 // table.
+#include <algorithm>
 #include <iostream>
 #include <memory>
 #include <string>
@@ -9,7 +10,9 @@
 #include "QVI/str/Convert.h"
 #include "V7Doc/qvifile/ResultFileNames.h"
 #include "V7Doc/results/ResultPackage.h"
+#include "QVI/meta/MetaEnumCommon.h"
 #include "tools/qvdoc/Commands.h"
+#include "tools/qvdoc/Json.h"
 
 namespace qvdoc {
 namespace {
@@ -21,6 +24,7 @@ struct ResultsOptions {
   int step = -1;
   std::string columns;
   std::size_t maxRows = v7::result::ResultTable::npos;
+  bool json = false;
 };
 
 [[noreturn]] void Fail(const std::string& message) {
@@ -55,13 +59,41 @@ void List(const std::vector<v7::result::ResultEntry>& entries) {
   std::cout << "\n";
 }
 
+void ListJson(const std::vector<v7::result::ResultEntry>& entries) {
+  std::cout << "{\"tables\": [";
+  const char* sep = "";
+  for (const auto& e : entries) {
+    std::cout << sep << "{\"analysis\": " << e.analysis << ", \"step\": "
+              << (e.step == v7::v7qvi::analysis::kStepNone ? std::string("null") : std::to_string(e.step))
+              << ", \"table\": " << JsonString(e.table) << ", \"entry\": " << JsonString(e.entry) << "}";
+    sep = ", ";
+  }
+  std::cout << "]}\n";
+}
+
+// The table as {"entry", "rows", "columns": {name: [values]}}, no values as
+// null, at most `maxRows` rows.
+void TableJson(const std::wstring& entry, const v7::result::ResultTable& table, std::size_t maxRows) {
+  const std::size_t rows = std::min(maxRows, table.Rows());
+  std::cout << "{\"entry\": " << JsonString(entry) << ", \"rows\": " << rows << ", \"columns\": {";
+  for (std::size_t c = 0; c < table.Columns(); ++c) {
+    std::cout << (c ? ", " : "") << JsonString(meta::ToName(table.Params()[c])) << ": [";
+    for (std::size_t r = 0; r < rows; ++r) std::cout << (r ? ", " : "") << JsonNumber(table.At(r, c));
+    std::cout << "]";
+  }
+  std::cout << "}}\n";
+}
+
 void Run(const ResultsOptions& o) {
   oc::package::Package package;
   if (auto s = package.Open(str::to_wstring(o.file)); !s.succeeded()) Fail(s.message_utf8());
   const auto entries = v7::result::ListResultEntries(package.List());
   if (o.table.empty()) {
     if (o.analysis != 0) Fail("--analysis needs --table (the tables are listed without both)");
-    List(entries);
+    if (o.json)
+      ListJson(entries);
+    else
+      List(entries);
     return;
   }
   if (o.analysis == 0) Fail("--table needs --analysis N (N > 0)");
@@ -83,6 +115,7 @@ void Run(const ResultsOptions& o) {
   v7::result::ResultTable table;
   if (auto s = v7::result::ReadResultTable(bytes, entry.entry, columns, table); !s.succeeded())
     Fail(s.message_utf8());
+  if (o.json) return TableJson(entry.entry, table, o.maxRows);
   std::cerr << str::to_utf8(entry.entry) << ": " << table.Rows() << " rows\n";
   std::cout << v7::result::FormatResultTable(table, o.maxRows);
 }
@@ -99,6 +132,9 @@ void AddResultsCommand(CLI::App& app) {
   cmd->add_option("--columns", o->columns,
                   "Comma-separated quantities, e.g. X,Y,PoreWaterPressure (default: all known)");
   cmd->add_option("--max-rows", o->maxRows, "Print at most this many rows");
+  cmd->add_flag("--json", o->json,
+                "Print JSON: the list as {\"tables\": [...]}, a table as {\"entry\", \"rows\", \"columns\"}");
+  cmd->footer("Example:\n  qvdoc results demo.qvz\n  qvdoc results demo.qvz --analysis 1 --table node --columns Y,PoreWaterPressure --json");
   cmd->callback([o] { Run(*o); });
 }
 

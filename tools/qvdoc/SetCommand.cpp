@@ -13,6 +13,7 @@ namespace {
 
 void AddSetCommand(CLI::App& app) {
   auto* cmd = app.add_subcommand("set", "Set a value of a project by its path and save it");
+  cmd->footer("Example:\n  qvdoc set demo.qvz \"hMatlMem[1].Hydraulic.KSat\" 2e-8");
   auto file = std::make_shared<std::string>();
   auto path = std::make_shared<std::string>();
   auto value = std::make_shared<std::string>();

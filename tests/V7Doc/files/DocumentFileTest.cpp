@@ -276,11 +276,12 @@ TEST_F(DocumentFileTest, SetChecksThenSavesAtomically) {
       {L"exclusiveAnlsIDbySkTextID[0].Value", L"1", nullptr, L"1"},
       {L"hMatlMem[1].HydroModel", L"SatOnyl", "Cannot assign", nullptr},
       {L"analyses[1].DynamicControl.NewmarkBeta", L"1.5", "outside the bounds", nullptr},
-      {L"hElemMem[0].Nodes[8]", L"1", "", nullptr},
+      {L"hElemMem[0].Nodes[8]", L"1", "There is no element 8 in hElemMem[0].Nodes[8]: Nodes holds", nullptr},
       {L"hElemMem[0].Nodes[4]", L"-1", "", nullptr},  // node numbers are not negative
       {L"exclusiveAnlsIDbySkTextID[0].Key", L"5", "not supported", nullptr},
       {L"hMatlMem[1].NoSuchMember", L"1", "", nullptr},
-      {L"hMatlMem[2].Hydraulic.KSat", L"1", "", nullptr},  // a deleted row
+      {L"hMatlMem[2].Hydraulic.KSat", L"1", "There is no record 2 in hMatlMem[2].Hydraulic.KSat: hMatlMem holds 1 record, ID 1.", nullptr},  // a deleted row
+      {L"analyses[9].Name", L"x", "analyses holds 4 records, IDs 1, 3, 4 and 5.", nullptr},
       {L"hMatlMem[1]", L"x", "not one value", nullptr},
   };
   for (const char* name : {"p.qvz", "p.xml"}) {
