@@ -1,14 +1,17 @@
 #include "V7Doc/functions/FnConst.h"
 
+#include <charconv>
 #include <cmath>
-#include <cwchar>
 
 namespace v7 {
 
 std::wstring FnConst::as_wstring() const {
-  wchar_t buf[64];
-  std::swprintf(buf, 64, L"%.16g", value_);
-  return buf;
+  // "%.16g" as printf writes it (std::to_chars with a precision is defined
+  // as printf's conversion), without printf's locale and stream machinery:
+  // a save writes one of these per constant member.
+  char buf[64];
+  const auto [end, ec] = std::to_chars(buf, buf + sizeof buf, value_, std::chars_format::general, 16);
+  return std::wstring(buf, ec == std::errc() ? end : buf);
 }
 
 gtl::status FnConst::SetAttributes(const std::vector<FnAttr>& attrs) {
