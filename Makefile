@@ -7,14 +7,14 @@ BUILD_DIR := build/$(PRESET)
 DEB_PACKAGES := cmake make g++ pkg-config ccache \
   libgtest-dev libgmock-dev libbenchmark-dev \
   libpugixml-dev libzip-dev libeigen3-dev libboost-dev libcli11-dev libqhull-dev \
-  python3-dev python3-pybind11 pybind11-dev python3-numpy python3-pytest
+  python3 python3-dev python3-pybind11 pybind11-dev python3-numpy python3-pytest
 # libFuzzer and the sanitizer runtimes come with clang (the runtimes are a
 # package of their own on Debian 12); only `make fuzz` needs them.
 ifeq ($(PRESET),fuzz)
 DEB_PACKAGES += clang libclang-rt-14-dev
 endif
 
-.PHONY: all deps configure build test demo bench fuzz fuzz-smoke format clean
+.PHONY: all deps configure build test demo bench bench-all fuzz fuzz-smoke format clean
 
 all: build
 
@@ -44,7 +44,12 @@ test: build
 demo: build
 	$(BUILD_DIR)/qvdoc demo --out $(BUILD_DIR)/demo
 
+# The table of target ratios, from one run; `make bench-all` runs every
+# benchmark program in full.
 bench: build
+	@python3 bench/ratios.py $(BUILD_DIR)/bench
+
+bench-all: build
 	@for b in $(BUILD_DIR)/bench/bench_*; do [ -x "$$b" ] && "$$b" --benchmark_counters_tabular=true; done
 
 fuzz:

@@ -96,6 +96,11 @@ class TableOps {
   // Grows the table with tombstones up to `id` and moves `rec` into slot
   // `id` (setting a stored ID). The slot must not hold a live record.
   virtual void Place(void* table, std::uint32_t id, void* rec) const = 0;
+  // Grows the table with tombstones up to `id` and returns slot `id`, for a
+  // reader to build a record in its final place; SealSlot then sets a
+  // stored ID. The slot must not hold a live record.
+  virtual void* OpenSlot(void* table, std::uint32_t id) const = 0;
+  virtual void SealSlot(void* table, std::uint32_t id) const = 0;
   // Makes room for `n` slots ahead of placing records one by one (a hint:
   // the slot count does not change).
   virtual void ReserveCapacity(void* table, std::size_t n) const {

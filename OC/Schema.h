@@ -267,10 +267,16 @@ class TableAdapter final : public TableOps {
   void* At(void* t, std::uint32_t id) const override { return &static_cast<Table*>(t)->At(id); }
   void Clear(void* t) const override { static_cast<Table*>(t)->Clear(); }
   void Place(void* t, std::uint32_t id, void* rec) const override {
+    *static_cast<T*>(OpenSlot(t, id)) = std::move(*static_cast<T*>(rec));
+    SealSlot(t, id);
+  }
+  void* OpenSlot(void* t, std::uint32_t id) const override {
     Table& table = *static_cast<Table*>(t);
     if (id > table.Size()) table.Reserve(id);
-    table.At(id) = std::move(*static_cast<T*>(rec));
-    if constexpr (Table::id_policy::kStoresID) Table::id_policy::SetID(table.At(id), id);
+    return &table.At(id);
+  }
+  void SealSlot(void* t, std::uint32_t id) const override {
+    if constexpr (Table::id_policy::kStoresID) Table::id_policy::SetID(static_cast<Table*>(t)->At(id), id);
   }
   std::size_t SlotBytes() const override { return sizeof(T); }
   void ReserveCapacity(void* t, std::size_t n) const override {

@@ -46,6 +46,19 @@ void BM_FredXingIFn(benchmark::State& state) {
   state.SetItemsProcessed(state.iterations() * kQueries);
 }
 
+void BM_FredXingIFnArray(benchmark::State& state) {
+  const v7::IFn fn = Make(L"Fredlund_Xing(A=100,N=2,M=1,SatWC=0.45)");
+  auto q = Suctions();
+  for (double& s : q) s = -s;
+  std::vector<double> out(q.size());
+  for (auto _ : state) {
+    fn.Evaluate(q, out);
+    benchmark::DoNotOptimize(out.data());
+    benchmark::ClobberMemory();
+  }
+  state.SetItemsProcessed(state.iterations() * kQueries);
+}
+
 void BM_FredXingInline(benchmark::State& state) {
   const auto q = Suctions();
   // Opaque parameters, so that the compiler cannot fold pow(x, 2) or hoist
@@ -103,6 +116,7 @@ void BM_HydKUpdate(benchmark::State& state) {
 }
 
 BENCHMARK(BM_FredXingIFn);
+BENCHMARK(BM_FredXingIFnArray);
 BENCHMARK(BM_FredXingInline);
 BENCHMARK(BM_NormalTable);
 BENCHMARK(BM_NormalBoostQuantile);

@@ -192,18 +192,14 @@ gtl::status Package::Save(const std::wstring& path) const {
     zip_source_free(src);
     return gtl::status::error(kMsgCannotSave, path, why);
   };
-  // Bytes of entries still in the archive are read first; all buffers
+  // Entries still in the archive are copied as they are stored there,
+  // compressed: nothing is decompressed or compressed again (a stored entry
+  // is deflated on the way, as a written one is). Written entries' buffers
   // outlive zip_close, which reads them.
-  std::vector<std::string> loaded;
-  loaded.reserve(entries_.size());
   for (const auto& [name, e] : entries_) {
-    const std::string* bytes = e.bytes ? &*e.bytes : nullptr;
-    if (!bytes) {
-      loaded.emplace_back();
-      if (auto s = ReadFromArchive(name, e, loaded.back()); s.failed()) return fail(s.message_utf8());
-      bytes = &loaded.back();
-    }
-    zip_source_t* data = zip_source_buffer(z, bytes->data(), bytes->size(), 0);
+    zip_source_t* data =
+        e.bytes ? zip_source_buffer(z, e.bytes->data(), e.bytes->size(), 0)
+                : zip_source_zip(z, archive_->zip.get(), e.index, ZIP_FL_COMPRESSED, 0, -1);
     if (!data || zip_file_add(z, name.c_str(), data, ZIP_FL_ENC_UTF_8 | ZIP_FL_OVERWRITE) < 0) {
       if (data) zip_source_free(data);
       return fail(ZipMessage(z));

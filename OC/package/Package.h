@@ -7,7 +7,8 @@
 // ratio they imply, all before anything is decompressed. An entry's bytes
 // are decompressed when Read asks for them, so listing a package costs its
 // directory, not its content. Entries written since Open are held in memory;
-// Save builds the archive in memory and replaces the file atomically.
+// Save builds the archive in memory and replaces the file atomically,
+// copying the entries not written since Open in their compressed form.
 #include <map>
 #include <memory>
 #include <optional>

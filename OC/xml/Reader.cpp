@@ -232,6 +232,26 @@ class Reader {
     return it->second;
   }
 
+  // An enumeration written by its exact name, looked up among the table's
+  // names in UTF-8 (converted once per table and read) instead of widening
+  // the text first; true when that settled it. Only texts starting with a
+  // letter are taken, which no number does: ParseScalar decides the rest
+  // (numbers, blanks, other cases, unknown names) as before.
+  bool FastEnum(ValueType type, const meta::MetaEnumCommon* table, const char* text, void* storage) {
+    if (type != ValueType::Enum || !table) return false;
+    const char c = text[0];
+    if (!((c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'))) return false;
+    auto [it, fresh] = enum_names_.try_emplace(table);
+    if (fresh)
+      for (const auto& e : table->Entries()) it->second.push_back({str::to_utf8(e.name), e.value});
+    for (const auto& [name, value] : it->second)
+      if (std::strcmp(name.c_str(), text) == 0) {
+        *static_cast<std::int32_t*>(storage) = value;
+        return true;
+      }
+    return false;
+  }
+
   // Reads the text of `el` into a value of `type` at `storage`.
   void ReadValue(const Member& m, ValueType type, pugi::xml_node el, void* storage) {
     for (pugi::xml_node c = el.first_child(); c; c = c.next_sibling())
@@ -244,7 +264,8 @@ class Reader {
       }
     }
     gtl::status warning;
-    if (!ParseScalar(type, m.traits.enum_table, text, storage, warning)) {
+    if (!FastEnum(type, m.traits.enum_table, text, storage) &&
+        !ParseScalar(type, m.traits.enum_table, text, storage, warning)) {
       err_.ReportError(gtl::status::error(kMsgMalformedValue, str::to_wstring(text), Where(), Line(el)));
       return;
     }
@@ -342,7 +363,6 @@ class Reader {
     // table moving every record it holds as it grows. The count is bounded
     // by the parsed file, so a hostile file cannot make this large.
     m.table->ReserveCapacity(table, count);
-    OCObject tmp(rt);
     for (pugi::xml_node c = el.first_child(); c; c = c.next_sibling()) {
       if (c.type() != pugi::node_element) continue;
       if (!SameName(m.element_tag_utf8, c.name())) {
@@ -375,10 +395,12 @@ class Reader {
         continue;
       }
       stack_.push_back({nullptr, id, true});
-      rt.Ops().copy(tmp.get(), rt.Prototype());
+      // Built in its slot: no record to move there afterwards.
+      void* rec = m.table->OpenSlot(table, id);
+      rt.Ops().copy(rec, rt.Prototype());
       const std::size_t kept_before = kept_.size();
-      ReadRecord(rt, tmp.get(), c, true, true);
-      m.table->Place(table, id, tmp.get());
+      ReadRecord(rt, rec, c, true, true);
+      m.table->SealSlot(table, id);
       if (!m.table->IsLive(table, id)) {
         // A name this version does not know (the kind of an analysis written
         // by a later one) can leave the record looking like a tombstone. Read
@@ -402,6 +424,9 @@ class Reader {
   std::vector<Frame> stack_;
   std::deque<std::vector<Item>> buffers_;
   std::unordered_map<const Member*, bool> agree_;
+  // Per enumeration table: its names in UTF-8 with their values, in table
+  // order (the first entry of a name wins, as in MetaEnumCommon::ValueOf).
+  std::unordered_map<const meta::MetaEnumCommon*, std::vector<std::pair<std::string, std::int32_t>>> enum_names_;
 };
 
 gtl::status FirstError(const ReadReport& r) {

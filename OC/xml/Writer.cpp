@@ -11,6 +11,7 @@
 // defaults leaves no trace.
 #include <charconv>
 #include <cstring>
+#include <mutex>
 #include <string_view>
 #include <unordered_map>
 #include <vector>
@@ -371,6 +372,31 @@ class Writer {
       enum_names_;
 };
 
+// The size of the last text written for each root type: the next write
+// of that type reserves it (plus a margin) up front, so that a document of
+// tens of megabytes is not copied at every doubling of its buffer.
+class SizeMemory {
+ public:
+  std::size_t Estimate(const RecordType* type) {
+    const std::lock_guard lock(mutex_);
+    const auto it = sizes_.find(type);
+    return it == sizes_.end() ? 0 : it->second + it->second / 16;
+  }
+  void Remember(const RecordType* type, std::size_t size) {
+    const std::lock_guard lock(mutex_);
+    sizes_[type] = size;
+  }
+
+ private:
+  std::mutex mutex_;
+  std::unordered_map<const RecordType*, std::size_t> sizes_;
+};
+
+SizeMemory& LastSizes() {
+  static SizeMemory memory;
+  return memory;
+}
+
 }  // namespace
 
 gtl::status StringWrite(const IODS& source, std::string& xml, const KeptTexts* kept) {
@@ -379,8 +405,10 @@ gtl::status StringWrite(const IODS& source, std::string& xml, const KeptTexts* k
   const std::string tag = str::to_utf8(info ? info->tag : source.type->Name());
   const std::string version = str::to_utf8(info ? info->version : L"1");
   xml.clear();
+  xml.reserve(LastSizes().Estimate(source.type));
   Writer writer(xml, kept);
   writer.WriteDocument(tag, version, *source.type, source.root);
+  LastSizes().Remember(source.type, xml.size());
   if (!writer.NulPath().empty()) {
     xml.clear();
     return gtl::status::error(kMsgNulInText, writer.NulPath());

@@ -1,6 +1,7 @@
 #include "V7Doc/files/DocumentEdit.h"
 
 #include "OC/Path.h"
+#include "OC/package/Package.h"
 #include "V7Doc/document/QVDocument.h"
 #include "V7Doc/files/DocumentFile.h"
 #include "V7Doc/files/DocumentPaths.h"
@@ -32,9 +33,11 @@ gtl::status SetValueInFile(const std::wstring& file, const std::wstring& path,
   SetReport& r = report ? *report : local;
   r = SetReport{};
   QVDocument doc;
-  PackageEntries results;
+  // The result entries stay in the file until the save copies them as
+  // they are: setting one value costs the document, not the results.
+  oc::package::Package results;
   LoadReport loaded;
-  if (auto s = LoadDocument(file, doc, &results, &loaded); s.failed()) return s;
+  if (auto s = LoadDocument(file, doc, results, &loaded); s.failed()) return s;
   r.warnings = std::move(loaded.warnings);
   SetReport set;
   if (auto s = SetValueInDocument(doc, path, text, &set); s.failed())
@@ -48,14 +51,14 @@ gtl::status SetValueInFile(const std::wstring& file, const std::wstring& path,
 gtl::status ConvertFile(const std::wstring& in, const std::wstring& out, std::size_t* written,
                         std::vector<gtl::status>* warnings) {
   QVDocument doc;
-  PackageEntries results;
+  oc::package::Package results;
   LoadReport loaded;
-  if (auto s = LoadDocument(in, doc, &results, &loaded); s.failed()) return s;
+  if (auto s = LoadDocument(in, doc, results, &loaded); s.failed()) return s;
   if (warnings) *warnings = std::move(loaded.warnings);
-  const bool package = IsPackagePath(out);
-  if (!package) results.clear();
+  if (!IsPackagePath(out)) results.Clear();
   if (auto s = SaveDocument(doc, out, results); s.failed()) return s;
-  if (written) *written = results.size();
+  // The document entry SaveDocument added is not a result.
+  if (written) *written = results.List().size() - (IsPackagePath(out) ? 1 : 0);
   return {};
 }
 

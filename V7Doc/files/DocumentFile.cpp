@@ -28,6 +28,21 @@ gtl::status SaveFailed(const std::wstring& path, const gtl::status& why) {
   return gtl::status::error(kMsgCannotSave, path, why.message());
 }
 
+std::wstring DocumentSource(const std::wstring& path) {
+  return path + L" (" + oc::package::Package::kDocumentEntry + L")";
+}
+
+// Opens package `path` into `pkg` and takes its document entry out into
+// `xml`: what stays in `pkg` are the other entries, none decompressed.
+gtl::status OpenPackage(const std::wstring& path, oc::package::Package& pkg, std::string& xml) {
+  if (!EndsWithNoCase(path, oc::package::Package::kExtension)) return gtl::status::error(kMsgUnknownKind, path);
+  if (auto s = pkg.Open(path); s.failed()) return LoadFailed(path, s);
+  if (!pkg.Contains(oc::package::Package::kDocumentEntry))
+    return gtl::status::error(kMsgNoDocumentEntry, path, oc::package::Package::kDocumentEntry);
+  if (auto s = pkg.Read(oc::package::Package::kDocumentEntry, xml); s.failed()) return LoadFailed(path, s);
+  return pkg.Remove(oc::package::Package::kDocumentEntry);
+}
+
 }  // namespace
 
 bool IsPackagePath(const std::wstring& path) { return EndsWithNoCase(path, oc::package::Package::kExtension); }
@@ -65,23 +80,45 @@ gtl::status DocumentFromXml(std::string_view xml, QVDocument& doc, const std::ws
   return {};
 }
 
-gtl::status SaveDocument(const QVDocument& doc, const std::wstring& path, const PackageEntries& results) {
-  const bool package = IsPackagePath(path);
-  if (!package && !IsDocumentXmlPath(path)) return gtl::status::error(kMsgUnknownKind, path);
+gtl::status SaveDocument(const QVDocument& doc, const std::wstring& path, oc::package::Package& package) {
+  const bool isPackage = IsPackagePath(path);
+  if (!isPackage && !IsDocumentXmlPath(path)) return gtl::status::error(kMsgUnknownKind, path);
   std::string xml;
   if (auto s = DocumentToXml(doc, xml); s.failed()) return SaveFailed(path, s);
-  if (!package) {
+  if (!isPackage) {
     if (auto s = oc::package::WriteFileAtomic(path, xml); s.failed()) return SaveFailed(path, s);
     return {};
   }
-  oc::package::Package pkg;
-  for (const auto& [name, bytes] : results) {
-    if (name == oc::package::Package::kDocumentEntry) continue;  // the document is ours to write
-    if (auto s = pkg.Write(name, bytes); s.failed()) return SaveFailed(path, s);
-  }
-  if (auto s = pkg.Write(oc::package::Package::kDocumentEntry, std::move(xml)); s.failed())
+  if (auto s = package.Write(oc::package::Package::kDocumentEntry, std::move(xml)); s.failed())
     return SaveFailed(path, s);
-  if (auto s = pkg.Save(path); s.failed()) return SaveFailed(path, s);
+  if (auto s = package.Save(path); s.failed()) return SaveFailed(path, s);
+  return {};
+}
+
+gtl::status SaveDocument(const QVDocument& doc, const std::wstring& path, const PackageEntries& results) {
+  oc::package::Package pkg;
+  if (IsPackagePath(path))
+    for (const auto& [name, bytes] : results) {
+      if (name == oc::package::Package::kDocumentEntry) continue;  // the document is ours to write
+      if (auto s = pkg.Write(name, bytes); s.failed()) return SaveFailed(path, s);
+    }
+  return SaveDocument(doc, path, pkg);
+}
+
+gtl::status LoadDocument(const std::wstring& path, QVDocument& doc, oc::package::Package& package,
+                         LoadReport* report) {
+  if (IsDocumentXmlPath(path)) {
+    std::string xml;
+    if (auto s = oc::package::ReadWholeFile(path, xml); s.failed()) return LoadFailed(path, s);
+    if (auto s = DocumentFromXml(xml, doc, path, report); s.failed()) return s;
+    package.Clear();
+    return {};
+  }
+  oc::package::Package pkg;
+  std::string xml;
+  if (auto s = OpenPackage(path, pkg, xml); s.failed()) return s;
+  if (auto s = DocumentFromXml(xml, doc, DocumentSource(path), report); s.failed()) return s;
+  package = std::move(pkg);
   return {};
 }
 
@@ -92,22 +129,15 @@ gtl::status LoadDocument(const std::wstring& path, QVDocument& doc, PackageEntri
     if (auto s = oc::package::ReadWholeFile(path, xml); s.failed()) return LoadFailed(path, s);
     return DocumentFromXml(xml, doc, path, report);
   }
-  if (!IsPackagePath(path)) return gtl::status::error(kMsgUnknownKind, path);
   oc::package::Package pkg;
-  if (auto s = pkg.Open(path); s.failed()) return LoadFailed(path, s);
-  if (!pkg.Contains(oc::package::Package::kDocumentEntry))
-    return gtl::status::error(kMsgNoDocumentEntry, path, oc::package::Package::kDocumentEntry);
   std::string xml;
-  if (auto s = pkg.Read(oc::package::Package::kDocumentEntry, xml); s.failed()) return LoadFailed(path, s);
+  if (auto s = OpenPackage(path, pkg, xml); s.failed()) return s;
+  // Every entry is read (and checked) before the document is replaced.
   PackageEntries others;
   if (results)
-    for (const auto& name : pkg.List()) {
-      if (name == oc::package::Package::kDocumentEntry) continue;
+    for (const auto& name : pkg.List())
       if (auto s = pkg.Read(name, others[name]); s.failed()) return LoadFailed(path, s);
-    }
-  if (auto s = DocumentFromXml(xml, doc, path + L" (" + oc::package::Package::kDocumentEntry + L")", report);
-      s.failed())
-    return s;
+  if (auto s = DocumentFromXml(xml, doc, DocumentSource(path), report); s.failed()) return s;
   if (results) *results = std::move(others);
   return {};
 }

@@ -10,6 +10,10 @@
 
 #include "QVI/gtl/status.h"
 
+namespace oc::package {
+class Package;
+}
+
 namespace v7 {
 class QVDocument;
 
@@ -46,6 +50,17 @@ gtl::status SaveDocument(const QVDocument& doc, const std::wstring& path,
 // the status names the file and, for bad content, the line and path.
 gtl::status LoadDocument(const std::wstring& path, QVDocument& doc,
                          PackageEntries* results = nullptr, LoadReport* report = nullptr);
+
+// The same, keeping the package open: `package` lists the result entries
+// of package `path` (empty for a ".xml"), none of them decompressed until
+// Read asks for it. On failure `doc` and `package` are untouched.
+gtl::status LoadDocument(const std::wstring& path, QVDocument& doc, oc::package::Package& package,
+                         LoadReport* report = nullptr);
+// Saves `doc` to `path` with the other entries of `package`: those read
+// from a file and never rewritten are copied compressed as they were, so
+// saving after an edit costs the document, not the results. Bare XML takes
+// no entries. The package's document entry is replaced by `doc`.
+gtl::status SaveDocument(const QVDocument& doc, const std::wstring& path, oc::package::Package& package);
 
 // The names of the entries of package `path` other than the document,
 // sorted, read from its directory alone: nothing is decompressed.

@@ -1,5 +1,6 @@
 #include "V7Doc/functions/FnFredXing.h"
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 
@@ -72,6 +73,28 @@ double FnFredXing::Calculate(const double* x, const double*) const {
   const double r = kResidualFraction * SuctionLimit_;
   const double c = 1.0 - std::log1p(s / r) / std::log1p(SuctionLimit_ / r);
   return SatWC_ * c * std::pow(1.0 / std::log(kE + std::pow(s / A_, N_)), M_);
+}
+
+void FnFredXing::Evaluate(std::span<const double> in, std::span<double> out) const {
+  const std::size_t n = std::min(in.size(), out.size());
+  if (!Set(A_) || !Set(N_) || !Set(M_) || !Set(SuctionLimit_) || !Set(SatWC_) || !(SuctionLimit_ > 0) ||
+      A_ <= 0) {
+    FnImpl::Evaluate(in, out);  // a constant or no value: no loop worth tuning
+    return;
+  }
+  const double r = kResidualFraction * SuctionLimit_;
+  const double denominator = std::log1p(SuctionLimit_ / r);
+  for (std::size_t i = 0; i < n; ++i) {
+    const double x = in[i];
+    if (std::isnan(x)) out[i] = qvi::kNoValue;
+    else if (x >= 0) out[i] = SatWC_;
+    else if (-x >= SuctionLimit_) out[i] = 0.0;
+    else {
+      const double s = -x;
+      const double c = 1.0 - std::log1p(s / r) / denominator;
+      out[i] = SatWC_ * c * std::pow(1.0 / std::log(kE + std::pow(s / A_, N_)), M_);
+    }
+  }
 }
 
 void FnFredXing::GetDataAttributes(std::vector<FnAttr>& attrs) const {

@@ -31,6 +31,9 @@ class FnFredXing : public FnImpl, public math::fn::flow::FredXing {
   gtl::status SetAttributes(const std::vector<FnAttr>& attrs) override;
   // The water content at pore-water pressure x[0].
   double Calculate(const double* x, const double* y) const override;
+  // The same per point, with the checks and the correction's denominator
+  // taken once per array.
+  void Evaluate(std::span<const double> in, std::span<double> out) const override;
   // "A", "N", "M", "SatWC", "SuctionLimit".
   void GetDataAttributes(std::vector<FnAttr>& attrs) const override;
   // Whether the parameters make a usable curve: A, N, M, the saturated water

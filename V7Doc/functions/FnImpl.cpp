@@ -1,6 +1,8 @@
 #include "V7Doc/functions/FnImpl.h"
 
 #include <algorithm>
+
+#include <algorithm>
 #include <cmath>
 
 #include "QVI/str/Messages.h"
@@ -48,6 +50,11 @@ int FnImpl::InputRangeNumPoints() const { return 0; }
 void FnImpl::GetDataAttributes(std::vector<FnAttr>&) const {}
 void FnImpl::GetCalcAttributes(std::vector<FnAttr>&) const {}
 IFnReview* FnImpl::GetReview() const { return nullptr; }
+
+void FnImpl::Evaluate(std::span<const double> in, std::span<double> out) const {
+  const std::size_t n = std::min(in.size(), out.size());
+  for (std::size_t i = 0; i < n; ++i) out[i] = Calculate(&in[i], nullptr);
+}
 
 void FnImpl::GetAllDataAttributes(std::vector<FnAttr>& attrs) const {
   if (InputParam_ != DataParamType::Undefined) attrs.push_back(FnAttrInputParam(InputParam_));

@@ -5,6 +5,7 @@
 // A function maps one or two inputs to one output and is written as one line
 // of text, Name(attr=value,...). Evaluation never fails: where a function has
 // no value it returns qvi::kNoValue.
+#include <span>
 #include <string>
 #include <vector>
 
@@ -61,6 +62,11 @@ class FnImpl : public gtl::handle_ref_counter {
   virtual void GetCalcAttributes(std::vector<FnAttr>& attrs) const;
   // 13. The function's review object, if it has one.
   virtual IFnReview* GetReview() const;
+  // 14. The values of a function of one variable at in[i], into out[i], for
+  // i below the shorter of the two: one virtual call per array. Each value
+  // is the one Calculate gives; the base calls it point by point, kinds
+  // with a cheaper loop (checks and constants hoisted) override it.
+  virtual void Evaluate(std::span<const double> in, std::span<double> out) const;
 
   DataParamType InputParam() const { return InputParam_; }
   DataParamType OutputParam() const { return OutputParam_; }
@@ -149,6 +155,8 @@ class IFn {
 
   // The value of a function of one variable.
   double operator()(double x) const { return p_->Calculate(&x, nullptr); }
+  // The values at every in[i] into out[i] (FnImpl::Evaluate).
+  void Evaluate(std::span<const double> in, std::span<double> out) const { p_->Evaluate(in, out); }
   std::wstring as_wstring() const { return p_->as_wstring(); }
 
   // Same object, or the same kind with the same text.

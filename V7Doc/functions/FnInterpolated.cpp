@@ -109,6 +109,12 @@ double FnSplineGEZero::Calculate(const double* x, const double*) const {
   return qvi::IsNoValue(v) ? v : std::max(0.0, v);
 }
 
+void FnSplineGEZero::Evaluate(std::span<const double> in, std::span<double> out) const {
+  FnSpline::Evaluate(in, out);
+  for (std::size_t i = 0, n = std::min(in.size(), out.size()); i < n; ++i)
+    if (!qvi::IsNoValue(out[i])) out[i] = std::max(0.0, out[i]);
+}
+
 FnVolWCSpline::FnVolWCSpline() = default;
 FnHydKSpline::FnHydKSpline() { interp_.SetLogY(true); }
 FnMFSPWP::FnMFSPWP() = default;

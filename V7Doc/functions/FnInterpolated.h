@@ -1,6 +1,8 @@
 #pragma once
 // The interpolating kinds: a point table evaluated by straight lines, steps
 // or a spline, with optional tails before the first and after the last point.
+#include <algorithm>
+
 #include "QVI/math/fn/interpolate/Linear.h"
 #include "QVI/math/fn/interpolate/Spline.h"
 #include "QVI/math/fn/interpolate/Step.h"
@@ -39,6 +41,9 @@ class FnLinear : public FnInterpolated {
   std::wstring Name() const override { return L"Linear"; }
   FnImpl* Clone() const override { return new FnLinear(*this); }
   double Calculate(const double* x, const double*) const override { return interp_(*x); }
+  void Evaluate(std::span<const double> in, std::span<double> out) const override {
+    interp_.Evaluate(in.data(), out.data(), std::min(in.size(), out.size()));
+  }
   math::fn::interpolate::Table& Table() override { return interp_; }
   const math::fn::interpolate::Table& Table() const override { return interp_; }
 
@@ -54,6 +59,9 @@ class FnStep : public FnInterpolated {
   std::wstring Name() const override { return L"Step"; }
   FnImpl* Clone() const override { return new FnStep(*this); }
   double Calculate(const double* x, const double*) const override { return interp_(*x); }
+  void Evaluate(std::span<const double> in, std::span<double> out) const override {
+    interp_.Evaluate(in.data(), out.data(), std::min(in.size(), out.size()));
+  }
   math::fn::interpolate::Table& Table() override { return interp_; }
   const math::fn::interpolate::Table& Table() const override { return interp_; }
 
@@ -69,6 +77,9 @@ class FnSpline : public FnInterpolated {
   FnImpl* Clone() const override { return new FnSpline(*this); }
   void GetDataAttributes(std::vector<FnAttr>& attrs) const override;
   double Calculate(const double* x, const double*) const override { return interp_(*x); }
+  void Evaluate(std::span<const double> in, std::span<double> out) const override {
+    interp_.Evaluate(in.data(), out.data(), std::min(in.size(), out.size()));
+  }
   math::fn::interpolate::Table& Table() override { return interp_; }
   const math::fn::interpolate::Table& Table() const override { return interp_; }
   const math::fn::interpolate::Spline& Spline() const { return interp_; }
@@ -84,6 +95,7 @@ class FnSplineGEZero : public FnSpline {
   std::wstring Name() const override { return L"SplineGEZero"; }
   FnImpl* Clone() const override { return new FnSplineGEZero(*this); }
   double Calculate(const double* x, const double*) const override;
+  void Evaluate(std::span<const double> in, std::span<double> out) const override;
 };
 
 // A drawn volumetric water-content function ("VolWCSpline"): a spline that

@@ -24,6 +24,10 @@ class FnVanG : public FnFredXing {
   // is read but the value derived from "N" wins.
   gtl::status SetAttributes(const std::vector<FnAttr>& attrs) override;
   double Calculate(const double* x, const double* y) const override;
+  // Point by point through Calculate (not the Fredlund-Xing loop).
+  void Evaluate(std::span<const double> in, std::span<double> out) const override {
+    FnImpl::Evaluate(in, out);
+  }
   // "A", "N", "SatWC", "ResWC", "SuctionLimit".
   void GetDataAttributes(std::vector<FnAttr>& attrs) const override;
   // "M", derived from "N".

@@ -187,12 +187,18 @@ gtl::status ReadResultTable(std::string_view text, std::wstring_view file,
     last = std::max(last, found);
   }
 
-  // Rows are gathered row-major (one growing block, no allocation per cell)
-  // and turned column-major at the end.
-  std::vector<double> rowMajor;
+  // Values go straight to their column-major slot: room is made for as
+  // many rows as the text has line feeds (plus a last row without one), and
+  // the columns are closed up at the end when blank rows left room unused.
+  std::size_t capacity = 1;
+  for (const char* q = c.p; (q = static_cast<const char*>(std::memchr(q, '\n', static_cast<std::size_t>(c.end - q))));
+       ++q)
+    ++capacity;
+  const std::size_t n = columns.size();
+  std::vector<double> values(n ? n * capacity : 0);
   std::vector<double> cell(h.params.size(), 0.0);
   std::size_t rows = 0;
-  while (!columns.empty() && c.NextRow()) {
+  while (n && c.NextRow()) {
     const char* p = c.p;
     for (std::size_t f = 0; f <= last; ++f) {
       if (!p) {
@@ -200,6 +206,26 @@ gtl::status ReadResultTable(std::string_view text, std::wstring_view file,
         std::size_t miss = f;
         while (!needed[miss]) ++miss;
         return gtl::status::error(result_msg::kShortRow, fileName, c.line, miss + 1, h.names[miss]);
+      }
+      // The usual cell, a bare number up to its delimiter, is converted in
+      // place; anything else (blanks before it, quotes, a sign, an empty
+      // or bad cell) goes through the general field splitter below.
+      if (needed[f] && *p != '"' && *p != '+' && !IsBlank(*p)) {
+        double v = 0;
+        const auto r = std::from_chars(p, c.end, v, std::chars_format::general);
+        const char* q = r.ptr;
+        while (q < c.end && IsBlank(*q)) ++q;
+        if (r.ec == std::errc() && std::isfinite(v) && (q == c.end || *q == ',' || *q == '\n')) {
+          cell[f] = v;
+          if (q < c.end && *q == ',') {
+            p = q + 1;
+            continue;
+          }
+          c.p = q < c.end ? q + 1 : c.end;
+          p = nullptr;
+          if (f == last) break;
+          continue;
+        }
       }
       const Field fld = SplitField(p, c.end);
       // An unclosed quote swallows the rest of the row, and an asked-for
@@ -217,17 +243,20 @@ gtl::status ReadResultTable(std::string_view text, std::wstring_view file,
       p = fld.next;
     }
     if (p) c.SkipRow(p);
-    for (std::size_t j = 0; j < columns.size(); ++j) rowMajor.push_back(cell[source[j]]);
+    for (std::size_t j = 0; j < n; ++j) values[j * capacity + rows] = cell[source[j]];
     ++rows;
+  }
+  if (rows < capacity) {
+    for (std::size_t j = 1; j < n; ++j)
+      std::copy_n(values.begin() + static_cast<std::ptrdiff_t>(j * capacity), rows,
+                  values.begin() + static_cast<std::ptrdiff_t>(j * rows));
+    values.resize(n * rows);
   }
 
   ResultTable out;
   out.params_ = columns;
   out.rows_ = rows;
-  out.values_.resize(rowMajor.size());
-  const std::size_t n = columns.size();
-  for (std::size_t j = 0; j < n; ++j)
-    for (std::size_t r = 0; r < rows; ++r) out.values_[j * rows + r] = rowMajor[r * n + j];
+  out.values_ = std::move(values);
   table = std::move(out);
   return {};
 }

@@ -14,7 +14,8 @@ TEST(DecimalExponent, PowerOfTenOfTheLeadingDigit) {
   } const cases[] = {
       {1, 0},        {9.999999, 0},  {10, 1},    {99999.6, 4},  {100000.1, 5}, {123.4, 2},
       {0.5, -1},     {0.1, -1},      {0.099, -2}, {1e-300, -300}, {1e300, 300},  {-0.001, -3},
-      {-1234, 3},    {1e22, 22},     {2e23, 23},
+      {-1234, 3},    {1e22, 22},     {2e23, 23}, {1e-320, -320},  // subnormal
+      {std::numeric_limits<double>::denorm_min(), -324},
       {std::numeric_limits<double>::max(), 308},
       // zero and non-finite values: exponent 0 (magnitude 1)
       {0, 0},        {std::numeric_limits<double>::infinity(), 0},

@@ -5,6 +5,7 @@
 
 #include <bit>
 #include <unistd.h>
+#include <zip.h>
 #include <algorithm>
 #include <cmath>
 #include <functional>
@@ -365,6 +366,50 @@ TEST_F(DocumentFileTest, ConvertKeepsTheDocumentAndCarriesResultsBetweenPackages
   EXPECT_EQ(Slurp(dir_ / "e.XML"), original);
   EXPECT_TRUE(ConvertFile(Path("a.qvz"), Path("g.txt")).failed());
   EXPECT_FALSE(fs::exists(dir_ / "g.txt"));
+}
+
+// A result entry compressed otherwise than a save would compress it (level
+// 1 here) keeps its stored bytes through Set and Convert: it is copied, not
+// decompressed and compressed again.
+TEST_F(DocumentFileTest, EditsCopyResultEntriesAsStored) {
+  std::string xml, table = "Node,X,Y\r\n";
+  ASSERT_TRUE(DocumentToXml(sample_, xml).succeeded());
+  for (int n = 1; n <= 20000; ++n) table += std::to_string(n) + "," + std::to_string(n % 101 * 0.5) + ",0.25\r\n";
+  const std::string file = str::to_utf8(Path("fast.qvz"));
+  auto add = [](zip_t* z, const char* name, const std::string& bytes, zip_uint32_t level) {
+    zip_source_t* src = zip_source_buffer(z, bytes.data(), bytes.size(), 0);
+    const zip_int64_t i = zip_file_add(z, name, src, 0);
+    ASSERT_GE(i, 0);
+    ASSERT_EQ(zip_set_file_compression(z, static_cast<zip_uint64_t>(i), ZIP_CM_DEFLATE, level), 0);
+  };
+  int err = 0;
+  zip_t* z = zip_open(file.c_str(), ZIP_CREATE | ZIP_TRUNCATE, &err);
+  ASSERT_NE(z, nullptr);
+  add(z, "Document.xml", xml, 9);
+  add(z, "001/node.csv", table, 1);
+  ASSERT_EQ(zip_close(z), 0);
+  auto stored = [](const std::string& path) {
+    int e = 0;
+    zip_t* a = zip_open(path.c_str(), ZIP_RDONLY, &e);
+    zip_stat_t st;
+    zip_stat_init(&st);
+    const bool ok = a && zip_stat(a, "001/node.csv", 0, &st) == 0;
+    if (a) zip_discard(a);
+    return ok ? std::pair<zip_uint64_t, zip_uint32_t>(st.comp_size, st.crc) : std::pair<zip_uint64_t, zip_uint32_t>();
+  };
+  const auto before = stored(file);
+  ASSERT_GT(before.first, 0u);
+  ASSERT_TRUE(SetValueInFile(Path("fast.qvz"), L"analyses[1].Name", L"Edited").succeeded());
+  EXPECT_EQ(stored(file), before);
+  std::size_t written = 0;
+  ASSERT_TRUE(ConvertFile(Path("fast.qvz"), Path("copy.qvz"), &written).succeeded());
+  EXPECT_EQ(written, 1u);
+  EXPECT_EQ(stored(str::to_utf8(Path("copy.qvz"))), before);
+  QVDocument doc;
+  PackageEntries back;
+  ASSERT_TRUE(LoadDocument(Path("copy.qvz"), doc, &back).succeeded());
+  EXPECT_EQ(back, (PackageEntries{{L"001/node.csv", table}}));
+  EXPECT_EQ(doc.Analyses().At(1).name, L"Edited");
 }
 
 TEST(DocumentBytes, DirectTextMatchesTheDom) {

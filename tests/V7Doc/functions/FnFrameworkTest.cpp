@@ -1,9 +1,16 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <bit>
 #include <cmath>
+#include <cstdint>
+#include <span>
+#include <vector>
 
 #include "QVI/str/Messages.h"
+#include "QVI/str/Convert.h"
 #include "V7Doc/functions/FnConst.h"
+#include "V7Doc/functions/FnDataPoints.h"
 #include "V7Doc/functions/FnImpl.h"
 #include "V7Doc/functions/FnInterpolated.h"
 #include "V7Doc/functions/FnRange.h"
@@ -212,6 +219,43 @@ TEST(FnRange, MinMaxAndTrialValues) {
       EXPECT_EQ(trials.front(), c.min);
       EXPECT_EQ(trials.back(), c.max);
     }
+  }
+}
+
+}  // namespace
+}  // namespace v7
+
+namespace v7 {
+namespace {
+
+// Evaluating an array gives, bit for bit, what evaluating point by point
+// gives, for every kind with a loop of its own and on every path of it:
+// inside and outside the points, on the points, tails, log axes, NaN, and
+// parameters left unset.
+TEST(IFn, ArrayEvaluationEqualsPointByPoint) {
+  const std::vector<FnPoint> points = {{-3, 2, 0}, {-1, 0.5, 0}, {0, 0.25, 0}, {2, -1, 0}, {5, 4, 0}, {6, 4.5, 0}};
+  const wchar_t* kinds[] = {
+      L"Linear()", L"Linear(SlopeBefore=1,SlopeAfter=-2)", L"Step()", L"Spline()", L"Spline(Tension=5)",
+      L"SplineGEZero()", L"HydKFn()", L"Fredlund_Xing(A=100,N=2,M=1,SatWC=0.45)",
+      L"Fredlund_Xing(N=2,M=1,SatWC=0.45)", L"Van_Genuchten(A=10,N=1.5,SatWC=0.4,ResWC=0.05)", L"Constant(Y=3)",
+  };
+  std::vector<double> in = {std::nan(""), -1e7, -2e6, -3.5, -3, -2.2, -1, -0.3, 0, 1e-9, 1.7, 2, 4.99, 6, 6.5, 1e3};
+  for (const double x : {-1e4, -250.0, -17.0, -0.01}) in.push_back(x);
+  for (const wchar_t* text : kinds) {
+    SCOPED_TRACE(str::to_utf8(text));
+    IFn fn;
+    ASSERT_FALSE(FnCreate(text, fn).failed());
+    if (auto* data = dynamic_cast<IFnDataPoints*>(fn.Unshared())) data->Assign(points.data(), points.data() + points.size());
+    (void)fn.Unshared()->UpdateCalculatedValues();
+    std::vector<double> out(in.size() + 1, -42.0);
+    fn.Evaluate(in, std::span<double>(out).first(in.size()));
+    for (std::size_t i = 0; i < in.size(); ++i)
+      EXPECT_EQ(std::bit_cast<std::uint64_t>(out[i]), std::bit_cast<std::uint64_t>(fn(in[i]))) << "x = " << in[i];
+    EXPECT_EQ(out.back(), -42.0);  // nothing written past the output
+    std::fill(out.begin(), out.end(), -42.0);
+    fn.Evaluate(in, std::span<double>(out).first(3));  // a shorter output bounds the count
+    EXPECT_EQ(std::bit_cast<std::uint64_t>(out[2]), std::bit_cast<std::uint64_t>(fn(in[2])));
+    EXPECT_EQ(out[3], -42.0);
   }
 }
 

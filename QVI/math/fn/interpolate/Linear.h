@@ -19,6 +19,8 @@ class Linear : public Table {
     return FromV(v_[i] + t * (v_[i + 1] - v_[i]));
   }
   double Calculate(double x) const { return (*this)(x); }
+  // operator() at in[i] into out[i] for i < n.
+  void Evaluate(const double* in, double* out, std::size_t n) const;
 
  private:
   double OutsideValue(double u) const;

@@ -179,4 +179,28 @@ double Spline::Slow(double u) const {
   return FromV(f);
 }
 
+void Spline::Evaluate(const double* in, double* out, std::size_t n) const {
+  const std::size_t count = u_.size();
+  if (count < 2 || sigma_ != 0 || LogX() || LogY()) {
+    for (std::size_t i = 0; i < n; ++i) out[i] = (*this)(in[i]);
+    return;
+  }
+  // A cubic spline on linear axes: operator() with the table held in
+  // locals; inputs outside the points (and NaN) take the general path.
+  const double* u = u_.data();
+  const double* f = f_.data();
+  const double* m = m_.data();
+  const double lo = u[0], hi = u[count - 1];
+  for (std::size_t i = 0; i < n; ++i) {
+    const double x = in[i];
+    if (!(x >= lo && x <= hi)) {
+      out[i] = (*this)(x);
+      continue;
+    }
+    const std::size_t k = static_cast<std::size_t>(std::upper_bound(u + 1, u + count - 1, x) - u) - 1;
+    const double h = u[k + 1] - u[k], t = x - u[k], s = h - t;
+    out[i] = (f[k] * s + f[k + 1] * t) / h + (m[k] * s * (s * s - h * h) + m[k + 1] * t * (t * t - h * h)) / (6.0 * h);
+  }
+}
+
 }  // namespace math::fn::interpolate

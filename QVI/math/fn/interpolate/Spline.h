@@ -51,6 +51,8 @@ class Spline : public Table {
                  (m_[i] * s * (s * s - h * h) + m_[i + 1] * t * (t * t - h * h)) / (6.0 * h));
   }
   double Calculate(double x) const { return (*this)(x); }
+  // operator() at in[i] into out[i] for i < n.
+  void Evaluate(const double* in, double* out, std::size_t n) const;
 
   // The knot values of the curve in table coordinates (equal to the points'
   // y, or log10 y, when there is no smoothing).

@@ -10,4 +10,8 @@ double Step::operator()(double x) const {
   return FromV(u >= u_[i + 1] ? v_[i + 1] : v_[i]);
 }
 
+void Step::Evaluate(const double* in, double* out, std::size_t n) const {
+  for (std::size_t i = 0; i < n; ++i) out[i] = (*this)(in[i]);
+}
+
 }  // namespace math::fn::interpolate

@@ -11,6 +11,8 @@ class Step : public Table {
   // The step value at `x`; qvi::kNoValue where Linear would give none.
   double operator()(double x) const;
   double Calculate(double x) const { return (*this)(x); }
+  // operator() at in[i] into out[i] for i < n.
+  void Evaluate(const double* in, double* out, std::size_t n) const;
 };
 
 }  // namespace math::fn::interpolate
