@@ -28,7 +28,11 @@ void AddInfoCommand(CLI::App& app) {
     if (v7::files::IsPackagePath(str::to_wstring(*file)))
       if (auto s = v7::files::ListPackageEntries(str::to_wstring(*file), results); s.failed())
         FailWith("info", s.message());
-    std::cout << "file: " << *file << "\nformat version: " << str::to_utf8(report.version) << "\n";
+    std::cout << "file: " << *file << "\nformat version: " << str::to_utf8(report.version);
+    // A file of the earlier generation is read through the migration; it is
+    // written in the current format only by a save (qvdoc migrate).
+    if (report.migrated) std::cout << " (earlier generation: migrated on reading; qvdoc migrate writes it anew)";
+    std::cout << "\n";
     std::cout << "collections:\n";
     for (const auto& c : v7::files::SummarizeCollections(doc))
       if (c.count) std::cout << "  " << str::to_utf8(c.member) << " (" << str::to_utf8(c.tag) << "): " << c.count << "\n";
