@@ -6,6 +6,7 @@
 #include "V7Doc/files/Migration.h"
 
 #include <charconv>
+#include <cstring>
 #include <map>
 #include <optional>
 #include <pugixml.hpp>
@@ -122,10 +123,9 @@ std::optional<std::uint64_t> ParseIndex(std::string_view text) {
   return v;
 }
 
-// The child elements of a node of the new tree, by name and (for a
-// collection) by index, gathered on first use and kept up to date.
+// The entries of a collection of the new tree by index, gathered on first
+// use and kept up to date. Members of a record are few and found by name.
 struct Children {
-  std::unordered_map<std::string, pugi::xml_node> by_name;
   std::unordered_map<std::uint64_t, pugi::xml_node> by_index;
   bool indexed = false;
   std::uint64_t count = 0;  // entries, for positional collections
@@ -145,7 +145,8 @@ class Migrator {
     root_.attribute("Version") = str::to_utf8(kDocumentFormatVersion).c_str();
     Level top;
     top.layout = &RootLayout();
-    Walk(old_root, top, {}, 0);
+    std::vector<Step> none;
+    Walk(old_root, top, none, 0);
     doc_.remove_child(old_root);
     for (const auto& [index, count] : counts_) {
       const mig::Entry& e = mig::Entries()[index];
@@ -196,8 +197,18 @@ class Migrator {
 
   // The level of child `c` of `parent` (at position `pos` among the
   // entries when `parent` is a collection); false for a bad index.
+  // Appends element name `name` (UTF-8), the common ASCII case directly.
+  static void AppendName(std::wstring& out, const char* name) {
+    for (const char* p = name; *p; ++p)
+      if (static_cast<unsigned char>(*p) >= 0x80) {
+        out += str::to_wstring(p);
+        return;
+      } else {
+        out += static_cast<wchar_t>(*p);
+      }
+  }
+
   bool ChildLevel(const Level& parent, pugi::xml_node c, std::uint64_t pos, Level& out, bool& bad_index) {
-    const std::wstring name = str::to_wstring(c.name());
     out.indices = parent.indices;
     out.layout = nullptr;
     out.member = nullptr;
@@ -215,13 +226,18 @@ class Migrator {
       bad_index = !index;
       if (index) text = str::to_wstring(static_cast<unsigned long long>(*index));
       out.indices.push_back(index);
-      out.path = parent.path + L"[" + text + L"]";
-      out.pattern = parent.pattern + L"[$" + str::to_wstring(static_cast<unsigned long long>(out.indices.size())) + L"]";
+      out.path.assign(parent.path).append(L"[").append(text).append(L"]");
+      out.pattern.assign(parent.pattern).append(L"[$");
+      out.pattern += static_cast<wchar_t>(L'0' + out.indices.size());
+      out.pattern += L']';
       out.layout = parent.member && parent.member->HoldsRecords() ? &parent.member->record().Layout() : nullptr;
       return true;
     }
-    out.path = parent.path.empty() ? name : parent.path + L"." + name;
-    out.pattern = parent.pattern.empty() ? name : parent.pattern + L"." + name;
+    out.path.assign(parent.path);
+    out.pattern.assign(parent.pattern);
+    if (!parent.path.empty()) out.path += L'.', out.pattern += L'.';
+    AppendName(out.path, c.name());
+    AppendName(out.pattern, c.name());
     bool known = false;
     if (parent.layout)
       if (const oc::TagNode* n = parent.layout->Child(c.name())) {
@@ -233,11 +249,11 @@ class Migrator {
           out.collection = n->member->type == oc::ValueType::Table || n->member->type == oc::ValueType::Array;
           // The old layout may differ here (a single record where there is
           // a list now): a collection holds nothing but its entries.
+          // (Its first element says which.)
           if (out.collection)
             for (pugi::xml_node k = c.first_child(); k; k = k.next_sibling())
-              if (k.type() == pugi::node_element && n->member->element_tag_utf8 != k.name()) {
-                out.collection = false;
-                out.member = nullptr;
+              if (k.type() == pugi::node_element) {
+                if (n->member->element_tag_utf8 != k.name()) out.collection = false, out.member = nullptr;
                 break;
               }
         }
@@ -252,19 +268,17 @@ class Migrator {
   // enumerator entry when `enumerator` is set.
   const mig::Entry* Find(const Level& lv, pugi::xml_node el, bool leaf, bool& enumerator) {
     enumerator = false;
-    const bool indexed = !lv.indices.empty();
-    if (leaf) {
+    const mig::PatternInfo* info = mig::Info(lv.pattern);
+    // Only where some key names a step below the member.
+    if (leaf && info && info->inner) {
       const char* text = el.child_value();
       if (*text) {
-        const std::wstring value = L"." + str::to_wstring(text);
-        if (const mig::Entry* e = mig::Lookup(lv.path + value)) return enumerator = true, e;
-        if (indexed)
-          if (const mig::Entry* e = mig::Lookup(lv.pattern + value)) return enumerator = true, e;
+        // Keys hold no concrete index: with indices only the pattern can
+        // match, without them pattern and path are one.
+        if (const mig::Entry* e = mig::Lookup(lv.pattern + L"." + str::to_wstring(text))) return enumerator = true, e;
       }
     }
-    if (const mig::Entry* e = mig::Lookup(lv.path)) return e;
-    if (indexed)
-      if (const mig::Entry* e = mig::Lookup(lv.pattern)) return e;
+    if (info && info->entry) return info->entry;
     return mig::LookupPrefix(lv.pattern);
   }
 
@@ -338,15 +352,50 @@ class Migrator {
     return true;
   }
 
-  Children& ChildrenOf(pugi::xml_node n) {
-    auto [it, added] = children_.try_emplace(n.internal_object());
-    if (added)
-      for (pugi::xml_node c = n.first_child(); c; c = c.next_sibling())
-        if (c.type() == pugi::node_element) it->second.by_name.try_emplace(c.name(), c);
-    return it->second;
+  // An entry's replacement as steps, parsed once per load: `var[i]` is k
+  // for a step indexed by "$k", 0 for a fixed index or none.
+  struct Template {
+    bool ok = false;
+    std::vector<Step> steps;
+    std::vector<std::size_t> var;
+    const oc::Member* member = nullptr;
+    MigrationAction action = MigrationAction::Moved;
+    std::string value;  // an enumerator entry's new value
+  };
+  const Template& TemplateOf(const mig::Entry& e, bool enumerator) {
+    auto [it, added] = templates_.try_emplace(mig::IndexOf(e) * 2 + (enumerator ? 1 : 0));
+    Template& t = it->second;
+    if (!added) return t;
+    std::wstring_view repl = e.replacement, key = e.key;
+    if (enumerator) {
+      t.value = str::to_utf8(repl.substr(repl.rfind(L'.') + 1));
+      repl = repl.substr(0, repl.rfind(L'.'));
+      key = key.substr(0, key.rfind(L'.'));
+    }
+    if (e.IsPrefix()) repl.remove_suffix(1);  // the dot
+    std::vector<TextStep> text;
+    if (!SplitPath(repl, text)) return t;
+    for (const TextStep& ts : text) {
+      std::size_t var = 0;
+      std::uint64_t index = 0;
+      if (ts.has_index) {
+        if (ts.index.size() == 2 && ts.index[0] == L'$') var = static_cast<std::size_t>(ts.index[1] - L'0');
+        else if (const auto parsed = ParseIndex(str::to_utf8(ts.index))) index = *parsed;
+        else return t;
+      }
+      Step s;
+      MakeStep(t.steps.empty() ? nullptr : &t.steps.back(), str::to_utf8(ts.name), ts.has_index, index, {}, s);
+      t.steps.push_back(std::move(s));
+      t.var.push_back(var);
+    }
+    t.member = t.steps.back().known ? t.steps.back().cur.member : nullptr;
+    if (!e.IsPrefix() && oc::GetParent(key) == oc::GetParent(repl)) t.action = MigrationAction::Renamed;
+    t.ok = true;
+    return t;
   }
+
   Children& EntriesOf(pugi::xml_node coll, const Step& s) {
-    Children& ch = ChildrenOf(coll);
+    Children& ch = children_[coll.internal_object()];
     if (!ch.indexed) {
       ch.indexed = true;
       for (pugi::xml_node c = coll.child(s.entry_tag.c_str()); c; c = c.next_sibling(s.entry_tag.c_str())) {
@@ -360,15 +409,23 @@ class Migrator {
   }
 
   // The element at the first `n` of `steps`, made where missing.
+  // Placements come in runs below one record: the elements of the last
+  // path made are remembered, and a path walks on from its common part.
   pugi::xml_node Ensure(const std::vector<Step>& steps, std::size_t n) {
     pugi::xml_node at = root_;
-    for (std::size_t i = 0; i < n; ++i) {
+    std::size_t i = 0;
+    while (i < n && i < memo_.size() && memo_[i].name == steps[i].name &&
+           memo_[i].has_index == steps[i].has_index && memo_[i].index == steps[i].index)
+      at = memo_[i++].node;
+    memo_.resize(i);
+    for (; i < n; ++i) {
       const Step& s = steps[i];
-      Children& ch = ChildrenOf(at);
-      auto it = ch.by_name.find(s.name);
-      if (it == ch.by_name.end()) it = ch.by_name.emplace(s.name, at.append_child(s.name.c_str())).first;
-      at = it->second;
-      if (!s.has_index) continue;
+      pugi::xml_node next = at.child(s.name.c_str());
+      at = next ? next : at.append_child(s.name.c_str());
+      if (!s.has_index) {
+        memo_.push_back({s.name, false, 0, at});
+        continue;
+      }
       Children& entries = EntriesOf(at, s);
       auto e = entries.by_index.find(s.index);
       if (e == entries.by_index.end()) {
@@ -389,6 +446,7 @@ class Migrator {
         }
       }
       at = e->second;
+      memo_.push_back({s.name, s.has_index, s.index, at});
     }
     return at;
   }
@@ -409,14 +467,13 @@ class Migrator {
       return;
     }
     pugi::xml_node parent = Ensure(steps, steps.size() - 1);
-    Children& ch = ChildrenOf(parent);
-    auto it = ch.by_name.find(last.name);
-    if (it != ch.by_name.end()) {
-      if (leaf || IsLeaf(it->second)) {
-        children_.erase(it->second.internal_object());
-        parent.remove_child(it->second);
+    if (pugi::xml_node there = parent.child(last.name.c_str())) {
+      if (leaf || IsLeaf(there)) {
+        children_.erase(there.internal_object());
+        memo_.clear();
+        parent.remove_child(there);
       } else {
-        MoveChildren(el, it->second);
+        MoveChildren(el, there);
         return;
       }
     }
@@ -427,8 +484,7 @@ class Migrator {
         (last.cur.member->type == oc::ValueType::Table || last.cur.member->type == oc::ValueType::Array))
       for (pugi::xml_node c = el.first_child(); c; c = c.next_sibling())
         if (c.type() == pugi::node_element && last.entry_tag != c.name()) c.set_name(last.entry_tag.c_str());
-    pugi::xml_node moved = parent.append_move(el);
-    ch.by_name[last.name] = moved;
+    parent.append_move(el);
   }
 
   void MoveChildren(pugi::xml_node from, pugi::xml_node to) {
@@ -444,19 +500,31 @@ class Migrator {
 
   // Checks the text of value `el`, moved from `old_path` to `new_path`,
   // against the member `m` it lands in.
-  void Check(pugi::xml_node el, const std::wstring& old_path, const std::wstring& new_path,
-             const oc::Member* m, const std::wstring& line) {
+  void Check(pugi::xml_node el, const Level& lv, const mig::Entry& e, bool enumerator, const oc::Member* m) {
     if (!m || !oc::IsScalar(m->ScalarType())) return;
     oc::ScalarBox box;
     gtl::status warning;
     const char* text = el.child_value();
-    if (!oc::ParseScalar(m->ScalarType(), m->traits.enum_table, text, box.Slot(m->ScalarType()), warning)) {
-      err_.ReportError(gtl::status::error(kMsgWrongType, str::to_wstring(text), old_path, line,
+    const bool parsed = oc::ParseScalar(m->ScalarType(), m->traits.enum_table, text, box.Slot(m->ScalarType()), warning);
+    if (parsed && warning.succeeded()) return;
+    // The new path, for the message.
+    std::wstring_view repl = e.replacement;
+    if (enumerator) repl = repl.substr(0, repl.rfind(L'.'));
+    std::wstring new_path;
+    Substitute(repl, lv, new_path);
+    if (e.IsPrefix()) {
+      std::wstring stem;
+      Substitute(std::wstring_view(e.key).substr(0, e.key.size() - 1), lv, stem);
+      new_path += lv.path.substr(stem.size());
+    }
+    const std::wstring& old_path = lv.path;
+    if (!parsed) {
+      err_.ReportError(gtl::status::error(kMsgWrongType, str::to_wstring(text), old_path, Line(el),
                                           oc::TypeName(m->ScalarType()), new_path));
       return;
     }
     if (!warning.succeeded() && m->traits.enum_table)
-      err_.ReportError(gtl::status::warning(kMsgUnknownEnumerator, str::to_wstring(text), old_path, line,
+      err_.ReportError(gtl::status::warning(kMsgUnknownEnumerator, str::to_wstring(text), old_path, Line(el),
                                             m->traits.enum_table->EnumName(), new_path));
   }
 
@@ -468,7 +536,7 @@ class Migrator {
 
   // Moves the children of old element `el` (at `lv`) to their places below
   // the new path `to`.
-  void Walk(pugi::xml_node el, const Level& lv, const std::vector<Step>& to, std::size_t depth) {
+  void Walk(pugi::xml_node el, const Level& lv, std::vector<Step>& to, std::size_t depth) {
     if (depth > kMaxDepth) {
       err_.ReportError(gtl::status::error(kMsgTooDeep, lv.path, Line(el)));
       return;
@@ -479,7 +547,6 @@ class Migrator {
     std::uint64_t pos = 0;
     Level child;
     std::vector<Step> steps;
-    std::wstring target;
     for (pugi::xml_node c : kids) {
       bool bad_index = false;
       if (lv.collection && std::string_view(c.name()) == "ID") continue;  // not an entry
@@ -498,31 +565,40 @@ class Migrator {
       }
       const oc::Member* member = nullptr;
       if (e) {
-        std::wstring_view repl = e->replacement;
-        std::wstring value;
-        if (enumerator) {
-          const std::size_t dot = repl.rfind(L'.');
-          value = std::wstring(repl.substr(dot + 1));
-          repl = repl.substr(0, dot);
-        }
-        if (!Substitute(repl, child, target)) {
+        const Template& t = TemplateOf(*e, enumerator);
+        if (!t.ok) continue;  // only a malformed table could get here
+        steps = t.steps;
+        bool bound = true;
+        for (std::size_t i = 0; i < steps.size(); ++i)
+          if (t.var[i]) {
+            const std::size_t k = t.var[i] - 1;
+            if (k >= child.indices.size() || !child.indices[k]) bound = false;
+            else steps[i].index = *child.indices[k];
+          }
+        if (!bound) {
           err_.ReportError(gtl::status::error(kMsgBadIndex, str::to_wstring(c.child("ID").child_value()),
-                                              child.path, Line(c), std::wstring(repl)));
+                                              child.path, Line(c), e->replacement));
           continue;
         }
+        const oc::Member* member = t.member;
         if (e->IsPrefix()) {
+          // The rest of the path below the key's stem, step by step.
           std::wstring stem;
           Substitute(std::wstring_view(e->key).substr(0, e->key.size() - 1), child, stem);
-          target += child.path.substr(stem.size());
+          std::vector<TextStep> rest;
+          if (!SplitPath(std::wstring_view(child.path).substr(stem.size()), rest)) continue;
+          for (const TextStep& ts : rest) {
+            Step s;
+            const auto index = ts.has_index ? ParseIndex(str::to_utf8(ts.index)) : std::optional<std::uint64_t>(0);
+            MakeStep(&steps.back(), str::to_utf8(ts.name), ts.has_index, index.value_or(0), {}, s);
+            steps.push_back(std::move(s));
+          }
+          member = steps.back().known ? steps.back().cur.member : nullptr;
         }
-        if (!ToSteps(target, steps, member)) continue;  // only a malformed table could get here
-        const std::wstring line = Line(c);
-        const std::size_t dot = child.path.rfind(L'.');
-        const std::wstring old_parent = dot == std::wstring::npos ? L"" : child.path.substr(0, dot);
-        const bool same_parent = old_parent == oc::GetParent(target);
-        Tally(*e, same_parent ? MigrationAction::Renamed : MigrationAction::Moved, Leaves(c));
-        if (enumerator) c.text() = str::to_utf8(value).c_str();
-        if (leaf) Check(c, child.path, target, member, line);
+        Tally(*e, t.action, Leaves(c));
+        if (enumerator) c.text() = t.value.c_str();
+        // Checked where it was read: the line is that of the old file.
+        if (leaf) Check(c, child, *e, enumerator, member);
         if (!leaf && mig::MayMatchBelow(child.pattern)) {
           // A record stays a record where it goes, even when all it held
           // moves on; a wrapper is made only when something lands in it.
@@ -533,8 +609,9 @@ class Migrator {
         Place(c, steps, leaf);
         continue;
       }
-      // No entry: the element stays where its parent went.
-      steps = to;
+      // No entry: the element stays where its parent went. `to` is the
+      // path of the parent and grows by the child's step while it is
+      // handled.
       if (lv.collection) {
         if (bad_index) {
           // A value below that an entry would move needs the index.
@@ -556,21 +633,31 @@ class Migrator {
           continue;
         }
         Step s;
-        MakeStep(steps.size() > 1 ? &steps[steps.size() - 2] : nullptr, steps.back().name, true,
-                 *child.indices.back(), c, s);
+        MakeStep(to.size() > 1 ? &to[to.size() - 2] : nullptr, to.back().name, true, *child.indices.back(), c, s);
         if (!s.known && lv.member) s.by_id = KeyedByID(*lv.member);
-        steps.back() = std::move(s);
+        std::swap(to.back(), s);
+        Stay(c, child, to, leaf, depth);
+        std::swap(to.back(), s);
       } else {
+        // An entry's own ID was written with the entry where it went.
+        if (leaf && !to.empty() && to.back().has_index && to.back().by_id && std::strcmp(c.name(), "ID") == 0)
+          continue;
         Step s;
-        MakeStep(steps.empty() ? nullptr : &steps.back(), c.name(), false, 0, {}, s);
-        steps.push_back(std::move(s));
+        MakeStep(to.empty() ? nullptr : &to.back(), c.name(), false, 0, {}, s);
+        to.push_back(std::move(s));
+        Stay(c, child, to, leaf, depth);
+        to.pop_back();
       }
-      if (!leaf && (child.collection || mig::MayMatchBelow(child.pattern))) {
-        if (steps.back().has_index) Ensure(steps, steps.size());
-        Walk(c, child, steps, depth + 1);
-      } else {
-        Place(c, steps, leaf);
-      }
+    }
+  }
+
+  // Element `c` (at `lv`) without an entry, at `to`.
+  void Stay(pugi::xml_node c, const Level& lv, std::vector<Step>& to, bool leaf, std::size_t depth) {
+    if (!leaf && mig::MayMatchBelow(lv.pattern)) {
+      if (to.back().has_index) Ensure(to, to.size());
+      Walk(c, lv, to, depth + 1);
+    } else {
+      Place(c, to, leaf);
     }
   }
 
@@ -581,6 +668,14 @@ class Migrator {
   pugi::xml_node root_;
   std::unordered_map<void*, Children> children_;
   std::map<std::size_t, Count> counts_;
+  std::unordered_map<std::size_t, Template> templates_;
+  struct Made {
+    std::string name;
+    bool has_index;
+    std::uint64_t index;
+    pugi::xml_node node;
+  };
+  std::vector<Made> memo_;
 };
 
 }  // namespace

@@ -1,6 +1,7 @@
 #include "V7Doc/files/MigrationTable.h"
 
 #include <algorithm>
+#include <deque>
 #include <unordered_map>
 #include <unordered_set>
 
@@ -247,8 +248,8 @@ struct Table {
   std::vector<Entry> entries;
   std::unordered_map<std::wstring_view, std::size_t> by_key;
   std::vector<std::size_t> prefixes;          // ".*" entries, longest first
-  std::unordered_set<std::wstring> inner;     // patterns some key extends
-  std::unordered_set<std::wstring> collections;
+  std::deque<std::wstring> inner_text;
+  std::unordered_map<std::wstring_view, PatternInfo> info;  // by pattern
 
   void Enter(std::wstring key, std::wstring replacement) {
     for (const Entry& e : entries)
@@ -265,11 +266,17 @@ struct Table {
     for (std::size_t i = 0; i < entries.size(); ++i) {
       const std::wstring& k = entries[i].key;
       by_key.emplace(k, i);
+      info[k].entry = &entries[i];
       if (entries[i].IsPrefix()) prefixes.push_back(i);
+    }
+    for (std::size_t i = 0; i < entries.size(); ++i) {
+      const std::wstring& k = entries[i].key;
       for (std::size_t at = 0; at < k.size(); ++at) {
         if (k[at] != L'.' && k[at] != L'[') continue;
-        inner.insert(k.substr(0, at));
-        if (k[at] == L'[') collections.insert(k.substr(0, at));
+        auto it = info.find(std::wstring_view(k).substr(0, at));
+        if (it == info.end()) it = info.emplace(inner_text.emplace_back(k.substr(0, at)), PatternInfo{}).first;
+        it->second.inner = true;
+        if (k[at] == L'[') it->second.collection = true;
       }
     }
     std::stable_sort(prefixes.begin(), prefixes.end(), [&](std::size_t a, std::size_t b) {
@@ -308,10 +315,20 @@ const Entry* LookupPrefix(std::wstring_view pattern) {
 bool MayMatchBelow(std::wstring_view pattern) {
   // Below a ".*" key's stem every path matches, but to the same place its
   // parent went: only keys that name a deeper path need a look.
-  return TheTable().inner.count(std::wstring(pattern)) > 0;
+  const PatternInfo* i = Info(pattern);
+  return i && i->inner;
 }
 
-bool IsCollection(std::wstring_view pattern) { return TheTable().collections.count(std::wstring(pattern)) > 0; }
+bool IsCollection(std::wstring_view pattern) {
+  const PatternInfo* i = Info(pattern);
+  return i && i->collection;
+}
+
+const PatternInfo* Info(std::wstring_view pattern) {
+  const Table& t = TheTable();
+  const auto it = t.info.find(pattern);
+  return it == t.info.end() ? nullptr : &it->second;
+}
 
 std::size_t IndexOf(const Entry& e) { return static_cast<std::size_t>(&e - TheTable().entries.data()); }
 

@@ -51,6 +51,15 @@ bool MayMatchBelow(std::wstring_view pattern);
 // index right after it ("GeometryItems.Edges" in "GeometryItems.Edges[$1]").
 bool IsCollection(std::wstring_view pattern);
 
+// What the table knows of one path pattern, found with one look-up.
+struct PatternInfo {
+  const Entry* entry = nullptr;  // the entry keyed by the pattern itself
+  bool inner = false;            // MayMatchBelow
+  bool collection = false;       // IsCollection
+};
+// The information on `pattern`, or nullptr when the table knows nothing of it.
+const PatternInfo* Info(std::wstring_view pattern);
+
 // The number of the entry (its position in Entries()), for reports.
 std::size_t IndexOf(const Entry& e);
 
