@@ -179,15 +179,30 @@ class Migrator {
     return line ? str::to_wstring(static_cast<unsigned long long>(line)) : std::wstring(L"?");
   }
 
+  // The values (elements without element children) in `el`, counted
+  // without recursion: a hostile file may nest far deeper than a stack.
   static std::size_t Leaves(pugi::xml_node el) {
     std::size_t n = 0;
-    bool any = false;
-    for (pugi::xml_node c = el.first_child(); c; c = c.next_sibling())
-      if (c.type() == pugi::node_element) {
-        any = true;
-        n += Leaves(c);
+    pugi::xml_node c = el;
+    for (;;) {
+      pugi::xml_node down = c.first_child();
+      while (down && down.type() != pugi::node_element) down = down.next_sibling();
+      if (down) {
+        c = down;
+        continue;
       }
-    return any ? n : 1;
+      ++n;  // a leaf
+      for (;;) {
+        if (c == el) return n;
+        pugi::xml_node next = c.next_sibling();
+        while (next && next.type() != pugi::node_element) next = next.next_sibling();
+        if (next) {
+          c = next;
+          break;
+        }
+        c = c.parent();
+      }
+    }
   }
   static bool IsLeaf(pugi::xml_node el) {
     for (pugi::xml_node c = el.first_child(); c; c = c.next_sibling())
