@@ -45,6 +45,11 @@ const RecordType& TypeOf();
 // registry owns it). Used by Schema::Done.
 const RecordType& AdoptRecordType(std::unique_ptr<RecordType> type);
 
+// Adds every member of `part` to `into` as its own, at the same tags,
+// reached through `reach` (the part inside a record of `into`). Used by
+// Schema::Include: the part's declarations serve both types.
+void IncludeMembers(RecordType& into, const RecordType& part, std::shared_ptr<const Accessor> reach);
+
 namespace detail {
 
 template <class M>
@@ -388,6 +393,16 @@ class Schema {
     m->access = std::make_unique<
         detail::PropertyAccess<T, V, G (T::*)() const, R (T::*)(S)>>(getter, setter);
     type_->AddMember(std::move(m));
+    return *this;
+  }
+
+  // Declares the members of record `part` (declared with its own TypeOf)
+  // as members of T at their own tags: a record that holds a whole other
+  // record at its own level ("Objects.DataPoints" of an old document's
+  // analysis is the DataPoints of a stability record).
+  template <class P>
+  Schema& Include(P T::*part) {
+    IncludeMembers(*type_, TypeOf<P>(), std::make_shared<detail::FieldAccess<T, P>>(part));
     return *this;
   }
 

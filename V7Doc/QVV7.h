@@ -18,6 +18,7 @@
 #include "V7Doc/document/QVDocument.h"
 
 #include "V7Doc/analysis/ANALYSIS.h"
+#include "V7Doc/analysis/CurrentAnalysis.h"
 #include "V7Doc/analysis/ANALYSISTable.h"
 #include "V7Doc/analysis/AnalysisBlocks.h"
 #include "V7Doc/analysis/AnalysisData.h"
@@ -108,6 +109,7 @@
 
 #include "V7Doc/results/CutLine.h"
 #include "V7Doc/results/DataParamType.h"
+#include "V7Doc/results/CurrentSlipSurface.h"
 #include "V7Doc/results/ResultContour.h"
 #include "V7Doc/results/ResultGraph.h"
 #include "V7Doc/results/ResultMessages.h"
@@ -118,6 +120,9 @@
 #include "V7Doc/results/ResultTables.h"
 
 #include "V7Doc/files/DocumentEdit.h"
+#include "V7Doc/files/Migration.h"
+#include "V7Doc/files/MigrationTable.h"
+#include "V7Doc/files/UpgradeList.h"
 #include "V7Doc/files/DocumentFile.h"
 #include "V7Doc/files/DocumentPaths.h"
 #include "V7Doc/files/DocumentSchema.h"

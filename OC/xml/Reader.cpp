@@ -479,18 +479,18 @@ gtl::status FileImport(const pugi::xml_document& doc, const IODS& target, ReadRe
   return FirstError(r);
 }
 
-gtl::status StringRead(std::string_view xml, const IODS& target, ReadReport* report) {
+gtl::status StringParse(std::string_view xml, pugi::xml_document& doc, std::wstring_view what,
+                        ReadReport* report) {
+  ReadReport local;
+  ReadReport& r = report ? *report : local;
+  r = ReadReport{};
+  impl::XMLError err(r, xml);
   // The parser turns "&#0;" into a NUL that ends the text it stands in,
   // silently dropping the rest: refused before parsing.
   if (const std::size_t at = NulReferenceAt(xml); at != std::string_view::npos) {
-    ReadReport local;
-    ReadReport& r = report ? *report : local;
-    r = ReadReport{};
-    impl::XMLError err(r, xml);
     err.ReportError(gtl::status::error(kMsgNulReference, static_cast<unsigned long long>(err.Line(static_cast<std::ptrdiff_t>(at)))));
     return FirstError(r);
   }
-  pugi::xml_document doc;
   pugi::xml_parse_result res =
       doc.load_buffer(xml.data(), xml.size(), ParseOptions(), pugi::encoding_utf8);
   // Parsed as a fragment, a text without any element is no parse error to
@@ -500,15 +500,17 @@ gtl::status StringRead(std::string_view xml, const IODS& target, ReadReport* rep
     res.offset = 0;
   }
   if (!res) {
-    ReadReport local;
-    ReadReport& r = report ? *report : local;
-    r = ReadReport{};
-    impl::XMLError err(r, xml);
     const std::size_t line = err.Line(res.offset);
-    err.ReportError(gtl::status::error(kMsgParseError, target.type ? target.type->Name() : L"",
-                                       res.description(), static_cast<unsigned long long>(line)));
+    err.ReportError(gtl::status::error(kMsgParseError, std::wstring(what), res.description(),
+                                       static_cast<unsigned long long>(line)));
     return FirstError(r);
   }
+  return {};
+}
+
+gtl::status StringRead(std::string_view xml, const IODS& target, ReadReport* report) {
+  pugi::xml_document doc;
+  if (auto s = StringParse(xml, doc, target.type ? target.type->Name() : L"", report); s.failed()) return s;
   return FileImport(doc, target, report, xml);
 }
 

@@ -41,6 +41,11 @@ struct ReadReport {
 gtl::status FileRead(const std::wstring& path, const IODS& target, ReadReport* report = nullptr);
 // The same from text in memory (a package entry).
 gtl::status StringRead(std::string_view xml, const IODS& target, ReadReport* report = nullptr);
+// Parses `xml` with ParseOptions into `doc`, refusing what StringRead
+// refuses before reading (a NUL reference, no element); `what` names the
+// expected object in a parse error.
+gtl::status StringParse(std::string_view xml, pugi::xml_document& doc, std::wstring_view what,
+                        ReadReport* report = nullptr);
 // Reads an already parsed (and possibly rewritten) document. `source` is the
 // text it was parsed from, for line numbers; empty when there is none.
 gtl::status FileImport(const pugi::xml_document& doc, const IODS& target,

@@ -20,6 +20,7 @@ constexpr Message kMessages[] = {
 #include "QVI/str/messages/materials.def"
 #include "QVI/str/messages/geometry.def"
 #include "QVI/str/messages/persistence.def"
+#include "QVI/str/messages/migration.def"
 #include "QVI/str/messages/results.def"
 #include "QVI/str/messages/tools.def"
 #include "QVI/str/messages/addins.def"

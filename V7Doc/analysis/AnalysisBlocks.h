@@ -65,6 +65,10 @@ struct CONVERGENCE {
   double fTolerance_ = 0.001;  // relative change of the norm between iterations
   double fMaxCourant_ = 1.0;   // for the CourantNumber measure (explicit transport)
   SolverType solver_ = SolverType::Direct;
+  // "RileyDamping": the share of the last iteration's change kept when
+  // pore-water pressures swing between iterations; 0 takes each new
+  // iteration whole, values towards 1 damp harder.
+  double fRileyDamping_ = 0.0;
 
   friend bool operator==(const CONVERGENCE&, const CONVERGENCE&) = default;
 };

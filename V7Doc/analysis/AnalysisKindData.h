@@ -96,6 +96,8 @@ struct StabData : AnalysisDataOf<StabData> {
   // Monte Carlo trials of a probabilistic analysis; 1000 gives the
   // probability of failure to about +-1.5 % at 5 % (binomial standard error).
   std::int32_t nNumTrials_ = 1000;
+  GID slipSurfaceAxis_ = 0;            // "SlipSurfaceAxis.ID": the data point the slip circles turn about; 0: none
+  std::vector<GID> vTensionCrack_;     // "TensionCrack.DataPoints[DataPoint]": the tension crack line
   void DataInit() override { *this = StabData{}; }
   void FullCompact() override;
   friend bool operator==(const StabData& a, const StabData& b) {
@@ -103,7 +105,8 @@ struct StabData : AnalysisDataOf<StabData> {
            a.dataPoints_ == b.dataPoints_ && a.reinforcements_ == b.reinforcements_ &&
            a.vPressureLines_ == b.vPressureLines_ && a.slipSurfaces_ == b.slipSurfaces_ &&
            a.vFixedPoints_ == b.vFixedPoints_ && a.vLineLoads_ == b.vLineLoads_ &&
-           a.paramVariation_ == b.paramVariation_ && a.nNumTrials_ == b.nNumTrials_;
+           a.paramVariation_ == b.paramVariation_ && a.nNumTrials_ == b.nNumTrials_ &&
+           a.slipSurfaceAxis_ == b.slipSurfaceAxis_ && a.vTensionCrack_ == b.vTensionCrack_;
   }
 };
 

@@ -23,6 +23,7 @@ const RecordType& TypeOf<ShakeDirection>() {
   static const RecordType& t = Schema<ShakeDirection>(L"ShakeDirection")
       .Add(&ShakeDirection::vTimeHistory_, L"vTimeHistory_", L"Records[Record]")
       .Add(&ShakeDirection::fScale_, L"fScale_", L"ScaleFactor")
+      .Add(&ShakeDirection::bUseBaselineCorrection_, L"bUseBaselineCorrection_", L"UseBaselineCorrection")
       .Done();
   return t;
 }
@@ -101,6 +102,9 @@ const RecordType& TypeOf<StabData>() {
       .Add(&StabData::vLineLoads_, L"vLineLoads_", L"LineLoadPoints[LineLoadPoint]")
       .Add(&StabData::paramVariation_, L"paramVariation_", L"ParameterVariation")
       .Add(&StabData::nNumTrials_, L"nNumTrials_", L"NumTrials", meta::MetaDataTraits{}.Bounds(1, 1e9))
+      .Add(&StabData::slipSurfaceAxis_, L"slipSurfaceAxis_", L"SlipSurfaceAxis.ID")
+      .Add(&StabData::vTensionCrack_, L"vTensionCrack_", L"TensionCrack.DataPoints[DataPoint]",
+           meta::MetaDataTraits{}.Ref(container::Points))
       .Done();
   return t;
 }

@@ -58,6 +58,7 @@ const RecordType& TypeOf<CONVERGENCE>() {
       .Add(&CONVERGENCE::fTolerance_, L"fTolerance_", L"Tolerance", meta::MetaDataTraits{}.Bounds(0, 1))
       .Add(&CONVERGENCE::fMaxCourant_, L"fMaxCourant_", L"MaxCourantNumber", meta::MetaDataTraits{}.Bounds(0, 1e6))
       .Add(&CONVERGENCE::solver_, L"solver_", L"Solver")
+      .Add(&CONVERGENCE::fRileyDamping_, L"fRileyDamping_", L"RileyDamping", meta::MetaDataTraits{}.Bounds(0, 1))
       .Done();
   return t;
 }

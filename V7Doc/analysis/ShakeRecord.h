@@ -19,6 +19,9 @@ struct TimeHistoryPoint {
 struct ShakeDirection {
   std::vector<TimeHistoryPoint> vTimeHistory_;  // samples, times increasing
   double fScale_ = 1.0;                         // factor applied to every value
+  // "UseBaselineCorrection": remove the drift a recorded acceleration gains
+  // when integrated to displacement (baseline correction).
+  bool bUseBaselineCorrection_ = false;
   friend bool operator==(const ShakeDirection&, const ShakeDirection&) = default;
 };
 

@@ -128,6 +128,9 @@ void QVDocument::ResetSettings() {
   pointLabels_.clear();
   meshGlobalEdgeLength_ = qvi::kNoValue;
   meshVersion_ = 0;
+  currentAnalysis_ = {};
+  currentSlipSurface_ = {};
+  upgradeList_.Clear();
 }
 
 bool QVDocument::DataFree() {

@@ -10,6 +10,7 @@
 #include "QVI/gtl/handle.h"
 #include "V7Doc/analysis/ANALYSISTable.h"
 #include "V7Doc/analysis/AnalysisKindData.h"
+#include "V7Doc/analysis/CurrentAnalysis.h"
 #include "V7Doc/document/Associations.h"
 #include "V7Doc/document/FileInfo.h"
 #include "V7Doc/document/KeptTexts.h"
@@ -27,6 +28,8 @@
 #include "V7Doc/materials/StructuralAttributes.h"
 #include "V7Doc/materials/ThermalSurfaces.h"
 #include "V7Doc/view/EngSettings.h"
+#include "V7Doc/files/UpgradeList.h"
+#include "V7Doc/results/CurrentSlipSurface.h"
 #include "V7Doc/results/ResultTables.h"
 #include "V7Doc/view/Sketch.h"
 #include "V7Doc/view/UserOptions.h"
@@ -197,6 +200,12 @@ class QVDocData : public gtl::handle_ref_counter {
   ResultSetTable resultSets_;
   // Sketch text ID -> the analysis that owns it exclusively.
   QVContainerAssoc<GID> anlsIDBySkTextID_;
+  // What a document of the earlier generation brings that has no other
+  // place: its single analysis, its current slip surface's results, and the
+  // values kept for a later conversion. A new project leaves them empty.
+  CurrentAnalysis currentAnalysis_;
+  result::CurrentSlipSurface currentSlipSurface_;
+  files::UpgradeTable upgradeList_;
 };
 
 class QVDocument : public QVDocData, public IQVContainer, public IQVChangeListener {

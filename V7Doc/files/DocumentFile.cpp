@@ -1,6 +1,8 @@
 #include "V7Doc/files/DocumentFile.h"
 #include "V7Doc/files/KeptTextPaths.h"
 
+#include <pugixml.hpp>
+
 #include "OC/package/AtomicFile.h"
 #include "OC/package/Package.h"
 #include "OC/xml/XML.h"
@@ -58,9 +60,17 @@ gtl::status DocumentFromXml(std::string_view xml, QVDocument& doc, const std::ws
                             LoadReport* report) {
   if (auto s = RegisterDocumentSchema(); s.failed()) return s;
   oc::xml::ReadReport read;
+  pugi::xml_document dom;
+  if (auto s = oc::xml::StringParse(xml, dom, kDocumentRootTag, &read); s.failed()) return LoadFailed(source, s);
+  // A document of the earlier generation is brought to this one's layout
+  // before the reader sees it; one of this generation costs the check.
+  MigrationReport migrated;
+  const bool old = IsEarlierGeneration(dom);
+  if (old)
+    if (auto s = MigrateDocument(dom, xml, migrated); s.failed()) return LoadFailed(source, s);
   // The reader builds a fresh document and moves it into `doc` only when
   // it found no error.
-  if (auto s = oc::xml::StringRead(xml, DocumentStore(doc), &read); s.failed())
+  if (auto s = oc::xml::FileImport(dom, DocumentStore(doc), &read, xml); s.failed())
     return LoadFailed(source, s);
   doc.OnCollectionsReplaced();
   // A reference to a record that is not there is reported, not repaired:
@@ -68,8 +78,10 @@ gtl::status DocumentFromXml(std::string_view xml, QVDocument& doc, const std::ws
   std::vector<gtl::status> dangling = CheckReferences(doc);
   AdoptKeptTexts(doc, read.kept);
   if (report) {
-    report->version = read.version;
-    report->warnings.clear();
+    report->version = old ? migrated.fromVersion : read.version;
+    report->migrated = old;
+    report->migration = std::move(migrated.counts);
+    report->warnings = std::move(migrated.messages);
     for (const auto& m : read.messages)
       if (!m.succeeded()) report->warnings.push_back(m);
     report->warnings.insert(report->warnings.end(), dangling.begin(), dangling.end());

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "QVI/gtl/status.h"
+#include "V7Doc/files/Migration.h"
 
 namespace oc::package {
 class Package;
@@ -25,8 +26,10 @@ using PackageEntries = std::map<std::wstring, std::string>;
 
 // What a successful load found besides the data.
 struct LoadReport {
-  std::wstring version;                // the document's format version
+  std::wstring version;                // the document's format version, as the file gives it
   std::vector<gtl::status> warnings;   // unknown elements or names, values outside bounds
+  bool migrated = false;               // the file was of the earlier generation
+  std::vector<MigrationCount> migration;  // what migration did, by entry
 };
 
 // True when `path` ends with ".qvz" or ".xml" (any case).

@@ -134,6 +134,9 @@ const RecordType& TypeOf<QVDocument>() {
           .AddReach(+[](Doc& d) -> auto& { return KindItems(d.stabItems_); }, L"stabItems", L"StabItems[StabItem]", Held(container::StabItems))
           .AddReach(+[](Doc& d) -> auto& { return KindItems(d.thermoItems_); }, L"thermoItems", L"ThermoItems[ThermoItem]", Held(container::ThermoItems))
           .AddReach(+[](Doc& d) -> auto& { return KindItems(d.evapoItems_); }, L"evapoItems", L"EvapoItems[EvapoItem]", Held(container::EvapoItems))
+          .AddReach(V7_DOC(currentAnalysis_), L"currentAnalysis", L"CurrentAnalysis")
+          .AddReach(V7_DOC(currentSlipSurface_), L"currentSlipSurface", L"CurrentResults.CurrentSlipSurface")
+          .AddReach(V7_DOC(upgradeList_), L"upgradeList", L"UpgradeList[Upgrade]")
           .Done();
   return t;
 }

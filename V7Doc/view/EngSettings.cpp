@@ -29,6 +29,13 @@ const oc::RecordType& oc::TypeOf<v7::EngSettings>() {
       Schema<v7::EngSettings>(L"EngSettings")
           .Add(&v7::EngSettings::eUnitSystem_, L"eUnitSystem_", L"UnitSystem")
           .Add(&v7::EngSettings::window_, L"window_", L"Window")
+          .Add(&v7::EngSettings::fUnitWaterWeight_, L"fUnitWaterWeight_", L"UnitWaterWeight",
+               meta::MetaDataTraits{}.Bounds(0, 1e3).Units(L"kN/m3"))
+          .Add(&v7::EngSettings::fPhaseChange_, L"fPhaseChange_", L"PhaseChange", meta::MetaDataTraits{}.Units(L"C"))
+          .Add(&v7::EngSettings::fLatentHeat_, L"fLatentHeat_", L"LatentHeat",
+               meta::MetaDataTraits{}.Bounds(0, 1e9).Units(L"kJ/m3"))
+          .Add(&v7::EngSettings::fAtmosphericPressure_, L"fAtmosphericPressure_", L"AtmosphericPressure",
+               meta::MetaDataTraits{}.Bounds(0, 1e6).Units(L"kPa"))
           .Done();
   return t;
 }

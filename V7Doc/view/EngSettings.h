@@ -42,6 +42,11 @@ class EngSettings {
   // The window of the model being shown.
   const EngWindow& Window() const { return window_; }
   void SetWindow(const EngWindow& window) { window_ = window; }
+  // The physical constants (see the members).
+  double UnitWaterWeight() const { return fUnitWaterWeight_; }
+  double PhaseChange() const { return fPhaseChange_; }
+  double LatentHeat() const { return fLatentHeat_; }
+  double AtmosphericPressure() const { return fAtmosphericPressure_; }
 
   friend bool operator==(const EngSettings&, const EngSettings&) = default;
 
@@ -49,6 +54,14 @@ class EngSettings {
   friend const oc::RecordType& oc::TypeOf<EngSettings>();
   EngUnitSystem eUnitSystem_ = EngUnitSystem::Metric;  // "UnitSystem"
   EngWindow window_;                                    // "Window"
+  // Physical constants of the project, shared by its analyses (metric):
+  // water of 1000 kg/m3 under standard gravity 9.80665 m/s2; pore water
+  // freezing at 0 C and giving up the latent heat of fusion of ice, 334 kJ/kg
+  // (1000 kg/m3: 334000 kJ/m3); the standard atmosphere, 101.325 kPa (ISO 2533).
+  double fUnitWaterWeight_ = 9.80665;      // "UnitWaterWeight", kN/m3
+  double fPhaseChange_ = 0.0;              // "PhaseChange": freezing temperature, C
+  double fLatentHeat_ = 334000.0;          // "LatentHeat", kJ/m3
+  double fAtmosphericPressure_ = 101.325;  // "AtmosphericPressure", kPa
 };
 
 }  // namespace v7

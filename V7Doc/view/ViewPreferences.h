@@ -3,6 +3,7 @@
 #include <string>
 #include <vector>
 
+#include "QVI/qvi/Markers.h"
 #include "V7Doc/view/ViewState.h"
 
 namespace v7::v7qvi {
@@ -13,6 +14,12 @@ struct ViewPreferences {
   bool bShowMesh = true;
   bool bShowAxes = true;
   double fFontSize = 8.0;  // points
+  bool bShowMeshLabels = false;          // "MeshLabels": node and element numbers
+  bool bMaterialColor = true;            // "MaterialColor": regions filled in their material's colour
+  bool bShowGrid = false;                // "ShowGrid"
+  bool bSnapToGrid = false;              // "SnapToGrid"
+  double fXGridSpacing = qvi::kNoValue;  // "XGridSpacing", engineering units; no value: chosen from the model's size
+  double fYGridSpacing = qvi::kNoValue;  // "YGridSpacing"
   std::vector<VectorDef> vVectorDefs;  // "VectorDefs[VectorDef]"
   friend bool operator==(const ViewPreferences&, const ViewPreferences&) = default;
 };

@@ -12,6 +12,12 @@ const RecordType& TypeOf<ViewPreferences>() {
       .Add(&ViewPreferences::bShowMesh, L"bShowMesh", L"Mesh")
       .Add(&ViewPreferences::bShowAxes, L"bShowAxes", L"ShowAxes")
       .Add(&ViewPreferences::fFontSize, L"fFontSize", L"FontSize", meta::MetaDataTraits{}.Bounds(1, 1000).Units(L"pt"))
+      .Add(&ViewPreferences::bShowMeshLabels, L"bShowMeshLabels", L"MeshLabels")
+      .Add(&ViewPreferences::bMaterialColor, L"bMaterialColor", L"MaterialColor")
+      .Add(&ViewPreferences::bShowGrid, L"bShowGrid", L"ShowGrid")
+      .Add(&ViewPreferences::bSnapToGrid, L"bSnapToGrid", L"SnapToGrid")
+      .Add(&ViewPreferences::fXGridSpacing, L"fXGridSpacing", L"XGridSpacing", meta::MetaDataTraits{}.Bounds(0, qvi::kNoValue))
+      .Add(&ViewPreferences::fYGridSpacing, L"fYGridSpacing", L"YGridSpacing", meta::MetaDataTraits{}.Bounds(0, qvi::kNoValue))
       .Add(&ViewPreferences::vVectorDefs, L"vVectorDefs", L"VectorDefs[VectorDef]")
       .Done();
   return t;

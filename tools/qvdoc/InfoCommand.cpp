@@ -16,10 +16,10 @@ namespace qvdoc {
 namespace {
 
 template <class FilesIn>
-void PrintJson(const std::string& file, const std::wstring& version, v7::QVDocument& doc,
+void PrintJson(const std::string& file, const std::wstring& version, bool migrated, v7::QVDocument& doc,
                const std::set<std::wstring>& folders, const FilesIn& filesIn) {
   std::cout << "{\"file\": " << JsonString(std::string_view(file)) << ", \"format_version\": " << JsonString(version)
-            << ", \"collections\": {";
+            << ", \"earlier_generation\": " << (migrated ? "true" : "false") << ", \"collections\": {";
   const char* sep = "";
   for (const auto& c : v7::files::SummarizeCollections(doc)) {
     if (!c.count) continue;
@@ -50,7 +50,7 @@ void AddInfoCommand(CLI::App& app) {
   cmd->add_option("FILE", *file, "The project or document")->required();
   auto json = std::make_shared<bool>(false);
   cmd->add_flag("--json", *json,
-                "Print JSON: {\"file\", \"format_version\", \"collections\", \"analyses\", \"result_folders\"}");
+                "Print JSON: {\"file\", \"format_version\", \"earlier_generation\", \"collections\", \"analyses\", \"result_folders\"}");
   cmd->callback([file, json] {
     v7::QVDocument doc;
     v7::files::LoadReport report;
@@ -72,10 +72,14 @@ void AddInfoCommand(CLI::App& app) {
       return n;
     };
     if (*json) {
-      PrintJson(*file, report.version, doc, folders, filesIn);
+      PrintJson(*file, report.version, report.migrated, doc, folders, filesIn);
       return;
     }
-    std::cout << "file: " << *file << "\nformat version: " << str::to_utf8(report.version) << "\n";
+    std::cout << "file: " << *file << "\nformat version: " << str::to_utf8(report.version);
+    // A file of the earlier generation is read through the migration; it is
+    // written in the current format only by a save (qvdoc migrate).
+    if (report.migrated) std::cout << " (earlier generation: migrated on reading; qvdoc migrate writes it anew)";
+    std::cout << "\n";
     std::cout << "collections:\n";
     for (const auto& c : v7::files::SummarizeCollections(doc))
       if (c.count) std::cout << "  " << str::to_utf8(c.member) << " (" << str::to_utf8(c.tag) << "): " << c.count << "\n";

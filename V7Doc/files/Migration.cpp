@@ -1,0 +1,749 @@
+// The migration works on one parsed tree: the current document is built
+// under a second root element beside the old one, old elements are moved
+// (not copied) into it, and the old root is removed at the end. Subtrees
+// below which no table entry can match move in one step, so that the cost
+// follows the parts of the document that did change.
+#include "V7Doc/files/Migration.h"
+
+#include <charconv>
+#include <cstring>
+#include <map>
+#include <optional>
+#include <pugixml.hpp>
+#include <unordered_map>
+
+#include "OC/Path.h"
+#include "OC/Scalar.h"
+#include "OC/xml/XML.h"
+#include "OC/xml/XMLError.h"
+#include "QVI/qvi/Markers.h"
+#include "QVI/str/Convert.h"
+#include "V7Doc/document/QVDocument.h"
+#include "V7Doc/files/DocumentSchema.h"
+#include "V7Doc/files/MigrationTable.h"
+
+namespace v7::files {
+namespace mig = migration;
+namespace {
+constexpr unsigned kMsgBadIndex = 31200;
+constexpr unsigned kMsgUnknownEnumerator = 31201;
+constexpr unsigned kMsgWrongType = 31202;
+constexpr unsigned kMsgTooDeep = 31204;
+constexpr std::size_t kMaxDepth = 128;
+
+// Where a path stands in today's schema while it is walked.
+struct Cursor {
+  const oc::TagNode* node = nullptr;  // children of the element reached
+  const oc::Member* member = nullptr; // the member of the element reached
+  bool element = false;               // an index selected one entry of it
+};
+
+// One step of a path in the new tree.
+struct Step {
+  std::string name;             // element name, UTF-8
+  bool has_index = false;
+  std::uint64_t index = 0;      // a record's ID, or a zero-based position
+  Cursor cur;                   // the schema after this step (node null: unknown)
+  bool known = false;           // the step is a member or wrapper of the schema
+  std::string entry_tag;        // the collection's element tag
+  bool by_id = true;            // entries carry their <ID>
+  std::string pad;              // text of an unset value (arrays of values)
+};
+
+const oc::TagNode& RootLayout() { return oc::TypeOf<QVDocument>().Layout(); }
+
+// Entries of a collection carry their <ID> in a table and in a list whose
+// records declare one (the per-analysis item lists).
+bool KeyedByID(const oc::Member& m) {
+  if (m.type == oc::ValueType::Table) return true;
+  return m.HoldsRecords() && m.record().Layout().Child("ID") != nullptr;
+}
+
+// Moves `c` one step: `name`, then an index when `indexed`. False when the
+// step names nothing of the schema.
+bool Advance(Cursor& c, std::string_view name, bool indexed) {
+  if (!c.node) return false;
+  const oc::TagNode* n = c.node->Child(name);
+  if (!n) return false;
+  c.member = n->member;
+  c.element = false;
+  if (!n->member) {
+    c.node = n;
+    return !indexed;
+  }
+  const oc::Member& m = *n->member;
+  const bool collection = m.type == oc::ValueType::Table || m.type == oc::ValueType::Array;
+  if (indexed && !collection) return false;
+  if (indexed) {
+    c.element = true;
+    c.node = m.HoldsRecords() ? &m.record().Layout() : nullptr;
+  } else {
+    c.node = m.type == oc::ValueType::Struct ? &m.record().Layout() : nullptr;
+  }
+  return true;
+}
+
+// Splits a path of the table into steps (name, index text).
+struct TextStep {
+  std::wstring name;
+  bool has_index = false;
+  std::wstring index;
+};
+bool SplitPath(std::wstring_view path, std::vector<TextStep>& out) {
+  out.clear();
+  std::size_t i = 0;
+  while (i < path.size()) {
+    TextStep s;
+    const std::size_t end = path.find_first_of(L".[", i);
+    s.name = std::wstring(path.substr(i, end == std::wstring_view::npos ? std::wstring_view::npos : end - i));
+    if (s.name.empty()) return false;
+    i = end == std::wstring_view::npos ? path.size() : end;
+    if (i < path.size() && path[i] == L'[') {
+      const std::size_t close = path.find(L']', i);
+      if (close == std::wstring_view::npos) return false;
+      s.has_index = true;
+      s.index = std::wstring(path.substr(i + 1, close - i - 1));
+      i = close + 1;
+    }
+    out.push_back(std::move(s));
+    if (i < path.size()) {
+      if (path[i] != L'.') return false;
+      ++i;
+    }
+  }
+  return !out.empty();
+}
+
+std::optional<std::uint64_t> ParseIndex(std::string_view text) {
+  std::uint64_t v = 0;
+  const auto* b = text.data();
+  const auto* e = b + text.size();
+  auto [p, ec] = std::from_chars(b, e, v);
+  if (ec != std::errc() || p != e || text.empty()) return std::nullopt;
+  return v;
+}
+
+// The entries of a collection of the new tree by index, gathered on first
+// use and kept up to date. Members of a record are few and found by name.
+struct Children {
+  std::unordered_map<std::uint64_t, pugi::xml_node> by_index;
+  bool indexed = false;
+  std::uint64_t count = 0;  // entries, for positional collections
+};
+
+class Migrator {
+ public:
+  Migrator(pugi::xml_document& doc, std::string_view source, MigrationReport& report)
+      : doc_(doc), err_(read_, source), report_(report) {}
+
+  gtl::status Run() {
+    pugi::xml_node old_root = doc_.document_element();
+    report_.fromVersion = str::to_wstring(old_root.attribute("Version").value());
+    root_ = doc_.insert_child_after(old_root.name(), old_root);
+    for (pugi::xml_attribute a = old_root.first_attribute(); a; a = a.next_attribute())
+      root_.append_attribute(a.name()) = a.value();
+    root_.attribute("Version") = str::to_utf8(kDocumentFormatVersion).c_str();
+    Level top;
+    top.layout = &RootLayout();
+    std::vector<Step> none;
+    Walk(old_root, top, none, 0);
+    doc_.remove_child(old_root);
+    for (const auto& [index, count] : counts_) {
+      const mig::Entry& e = mig::Entries()[index];
+      report_.counts.push_back({e.key, e.replacement, count.action, count.values});
+    }
+    for (auto& m : read_.messages) report_.messages.push_back(std::move(m));
+    report_.errors = read_.errors;
+    for (const auto& s : report_.messages)
+      if (s.failed()) return s;
+    return {};
+  }
+
+ private:
+  // An element of the old tree as the walk sees it.
+  struct Level {
+    std::wstring path;      // concrete, with indices
+    std::wstring pattern;   // indices as "$1", "$2"
+    std::vector<std::optional<std::uint64_t>> indices;  // bound, outermost first
+    const oc::TagNode* layout = nullptr;  // schema children of the element
+    const oc::Member* member = nullptr;   // the schema member it is
+    bool collection = false;
+  };
+  struct Count {
+    MigrationAction action = MigrationAction::Moved;
+    std::size_t values = 0;
+  };
+
+  std::wstring Line(pugi::xml_node el) {
+    const std::size_t line = err_.Line(el.offset_debug());
+    return line ? str::to_wstring(static_cast<unsigned long long>(line)) : std::wstring(L"?");
+  }
+
+  // The values (elements without element children) in `el`, counted
+  // without recursion: a hostile file may nest far deeper than a stack.
+  static std::size_t Leaves(pugi::xml_node el) {
+    std::size_t n = 0;
+    pugi::xml_node c = el;
+    for (;;) {
+      pugi::xml_node down = c.first_child();
+      while (down && down.type() != pugi::node_element) down = down.next_sibling();
+      if (down) {
+        c = down;
+        continue;
+      }
+      ++n;  // a leaf
+      for (;;) {
+        if (c == el) return n;
+        pugi::xml_node next = c.next_sibling();
+        while (next && next.type() != pugi::node_element) next = next.next_sibling();
+        if (next) {
+          c = next;
+          break;
+        }
+        c = c.parent();
+      }
+    }
+  }
+  static bool IsLeaf(pugi::xml_node el) {
+    for (pugi::xml_node c = el.first_child(); c; c = c.next_sibling())
+      if (c.type() == pugi::node_element) return false;
+    return true;
+  }
+
+  // The level of child `c` of `parent` (at position `pos` among the
+  // entries when `parent` is a collection); false for a bad index.
+  // Appends element name `name` (UTF-8), the common ASCII case directly.
+  static void AppendName(std::wstring& out, const char* name) {
+    for (const char* p = name; *p; ++p)
+      if (static_cast<unsigned char>(*p) >= 0x80) {
+        out += str::to_wstring(p);
+        return;
+      } else {
+        out += static_cast<wchar_t>(*p);
+      }
+  }
+
+  bool ChildLevel(const Level& parent, pugi::xml_node c, std::uint64_t pos, Level& out, bool& bad_index) {
+    out.indices = parent.indices;
+    out.layout = nullptr;
+    out.member = nullptr;
+    out.collection = false;
+    bad_index = false;
+    if (parent.collection) {
+      // An entry: its step is the collection's own, with its index.
+      std::optional<std::uint64_t> index = pos;
+      std::wstring text;
+      if (pugi::xml_node id = c.child("ID"); id && (!parent.member || KeyedByID(*parent.member))) {
+        index = ParseIndex(id.child_value());
+        if (index && *index == 0) index.reset();
+        text = str::to_wstring(id.child_value());
+      }
+      bad_index = !index;
+      if (index) text = str::to_wstring(static_cast<unsigned long long>(*index));
+      out.indices.push_back(index);
+      out.path.assign(parent.path).append(L"[").append(text).append(L"]");
+      out.pattern.assign(parent.pattern).append(L"[$");
+      out.pattern += static_cast<wchar_t>(L'0' + out.indices.size());
+      out.pattern += L']';
+      out.layout = parent.member && parent.member->HoldsRecords() ? &parent.member->record().Layout() : nullptr;
+      return true;
+    }
+    out.path.assign(parent.path);
+    out.pattern.assign(parent.pattern);
+    if (!parent.path.empty()) out.path += L'.', out.pattern += L'.';
+    AppendName(out.path, c.name());
+    AppendName(out.pattern, c.name());
+    bool known = false;
+    if (parent.layout)
+      if (const oc::TagNode* n = parent.layout->Child(c.name())) {
+        known = true;
+        if (!n->member) out.layout = n;
+        else {
+          out.member = n->member;
+          if (n->member->type == oc::ValueType::Struct) out.layout = &n->member->record().Layout();
+          out.collection = n->member->type == oc::ValueType::Table || n->member->type == oc::ValueType::Array;
+          // The old layout may differ here (a single record where there is
+          // a list now): a collection holds nothing but its entries.
+          // (Its first element says which.)
+          if (out.collection)
+            for (pugi::xml_node k = c.first_child(); k; k = k.next_sibling())
+              if (k.type() == pugi::node_element) {
+                if (n->member->element_tag_utf8 != k.name()) out.collection = false, out.member = nullptr;
+                break;
+              }
+        }
+      }
+    // Where today's schema does not know the element, the table's keys say
+    // whether it was a collection.
+    if (!known) out.collection = mig::IsCollection(out.pattern);
+    return true;
+  }
+
+  // The entry for the element at `lv` (holding `text` when a leaf); the
+  // enumerator entry when `enumerator` is set.
+  const mig::Entry* Find(const Level& lv, pugi::xml_node el, bool leaf, bool& enumerator) {
+    enumerator = false;
+    const mig::PatternInfo* info = mig::Info(lv.pattern);
+    // Only where some key names a step below the member.
+    if (leaf && info && info->inner) {
+      const char* text = el.child_value();
+      if (*text) {
+        // Keys hold no concrete index: with indices only the pattern can
+        // match, without them pattern and path are one.
+        if (const mig::Entry* e = mig::Lookup(lv.pattern + L"." + str::to_wstring(text))) return enumerator = true, e;
+      }
+    }
+    if (info && info->entry) return info->entry;
+    return mig::LookupPrefix(lv.pattern);
+  }
+
+  // `pattern` with "$k" replaced by the k-th bound index; false when one of
+  // them is no record number.
+  static bool Substitute(std::wstring_view pattern, const Level& lv, std::wstring& out) {
+    out.clear();
+    for (std::size_t i = 0; i < pattern.size(); ++i) {
+      if (pattern[i] == L'$' && i + 1 < pattern.size() && pattern[i + 1] >= L'1' && pattern[i + 1] <= L'9') {
+        const std::size_t k = static_cast<std::size_t>(pattern[i + 1] - L'1');
+        if (k >= lv.indices.size() || !lv.indices[k]) return false;
+        out += str::to_wstring(static_cast<unsigned long long>(*lv.indices[k]));
+        ++i;
+      } else {
+        out += pattern[i];
+      }
+    }
+    return true;
+  }
+
+  // Step `name` (with `index` when `has_index`) after `prev`, with what the
+  // schema says of it; `old_entry` is the old tree's entry for a collection
+  // the schema does not know.
+  static void MakeStep(const Step* prev, std::string name, bool has_index, std::uint64_t index,
+                       pugi::xml_node old_entry, Step& s) {
+    s = Step{};
+    s.name = std::move(name);
+    s.has_index = has_index;
+    s.index = index;
+    Cursor c = prev ? prev->cur : Cursor{&RootLayout(), nullptr, false};
+    s.known = (!prev || prev->known) && Advance(c, s.name, has_index);
+    if (s.known) s.cur = c;
+    const oc::Member* m = s.known ? c.member : nullptr;
+    if (m && (m->type == oc::ValueType::Table || m->type == oc::ValueType::Array)) {
+      s.entry_tag = m->element_tag_utf8;
+      s.by_id = KeyedByID(*m);
+      if (!m->HoldsRecords()) {
+        oc::ScalarBox box;
+        const oc::ValueType t = m->element_type;
+        if (t == oc::ValueType::Double) *static_cast<double*>(box.Slot(t)) = qvi::kNoValue;
+        else if (t == oc::ValueType::Enum || t == oc::ValueType::Int32)
+          *static_cast<std::int32_t*>(box.Slot(t)) = qvi::kNone;
+        oc::FormatScalar(t, m->traits.enum_table, box.Slot(t), s.pad);
+      }
+    } else if (old_entry) {
+      s.entry_tag = old_entry.name();
+      s.by_id = static_cast<bool>(old_entry.child("ID"));
+    } else {
+      s.entry_tag = s.name;
+    }
+  }
+
+  // Steps of a new path given as text; `last` is the member it reaches.
+  static bool ToSteps(std::wstring_view path, std::vector<Step>& steps, const oc::Member*& last) {
+    std::vector<TextStep> text;
+    steps.clear();
+    last = nullptr;
+    if (!SplitPath(path, text)) return false;
+    for (const TextStep& t : text) {
+      std::uint64_t index = 0;
+      if (t.has_index) {
+        const auto parsed = ParseIndex(str::to_utf8(t.index));
+        if (!parsed) return false;
+        index = *parsed;
+      }
+      Step s;
+      MakeStep(steps.empty() ? nullptr : &steps.back(), str::to_utf8(t.name), t.has_index, index, {}, s);
+      steps.push_back(std::move(s));
+    }
+    last = steps.back().known ? steps.back().cur.member : nullptr;
+    return true;
+  }
+
+  // An entry's replacement as steps, parsed once per load: `var[i]` is k
+  // for a step indexed by "$k", 0 for a fixed index or none.
+  struct Template {
+    bool ok = false;
+    std::vector<Step> steps;
+    std::vector<std::size_t> var;
+    const oc::Member* member = nullptr;
+    MigrationAction action = MigrationAction::Moved;
+    std::string value;  // an enumerator entry's new value
+  };
+  const Template& TemplateOf(const mig::Entry& e, bool enumerator) {
+    auto [it, added] = templates_.try_emplace(mig::IndexOf(e) * 2 + (enumerator ? 1 : 0));
+    Template& t = it->second;
+    if (!added) return t;
+    std::wstring_view repl = e.replacement, key = e.key;
+    if (enumerator) {
+      t.value = str::to_utf8(repl.substr(repl.rfind(L'.') + 1));
+      repl = repl.substr(0, repl.rfind(L'.'));
+      key = key.substr(0, key.rfind(L'.'));
+    }
+    if (e.IsPrefix()) repl.remove_suffix(1);  // the dot
+    std::vector<TextStep> text;
+    if (!SplitPath(repl, text)) return t;
+    for (const TextStep& ts : text) {
+      std::size_t var = 0;
+      std::uint64_t index = 0;
+      if (ts.has_index) {
+        if (ts.index.size() == 2 && ts.index[0] == L'$') var = static_cast<std::size_t>(ts.index[1] - L'0');
+        else if (const auto parsed = ParseIndex(str::to_utf8(ts.index))) index = *parsed;
+        else return t;
+      }
+      Step s;
+      MakeStep(t.steps.empty() ? nullptr : &t.steps.back(), str::to_utf8(ts.name), ts.has_index, index, {}, s);
+      t.steps.push_back(std::move(s));
+      t.var.push_back(var);
+    }
+    t.member = t.steps.back().known ? t.steps.back().cur.member : nullptr;
+    if (!e.IsPrefix() && oc::GetParent(key) == oc::GetParent(repl)) t.action = MigrationAction::Renamed;
+    t.ok = true;
+    return t;
+  }
+
+  Children& EntriesOf(pugi::xml_node coll, const Step& s) {
+    Children& ch = children_[coll.internal_object()];
+    if (!ch.indexed) {
+      ch.indexed = true;
+      for (pugi::xml_node c = coll.child(s.entry_tag.c_str()); c; c = c.next_sibling(s.entry_tag.c_str())) {
+        std::optional<std::uint64_t> index = ch.count;
+        if (s.by_id) index = ParseIndex(c.child("ID").child_value());
+        if (index) ch.by_index.try_emplace(*index, c);
+        ++ch.count;
+      }
+    }
+    return ch;
+  }
+
+  // The element at the first `n` of `steps`, made where missing.
+  // Placements come in runs below one record: the elements of the last
+  // path made are remembered, and a path walks on from its common part.
+  pugi::xml_node Ensure(const std::vector<Step>& steps, std::size_t n) {
+    pugi::xml_node at = root_;
+    std::size_t i = 0;
+    while (i < n && i < memo_.size() && memo_[i].name == steps[i].name &&
+           memo_[i].has_index == steps[i].has_index && memo_[i].index == steps[i].index)
+      at = memo_[i++].node;
+    memo_.resize(i);
+    for (; i < n; ++i) {
+      const Step& s = steps[i];
+      pugi::xml_node next = at.child(s.name.c_str());
+      at = next ? next : at.append_child(s.name.c_str());
+      if (!s.has_index) {
+        memo_.push_back({s.name, false, 0, at});
+        continue;
+      }
+      Children& entries = EntriesOf(at, s);
+      auto e = entries.by_index.find(s.index);
+      if (e == entries.by_index.end()) {
+        if (s.by_id) {
+          pugi::xml_node made = at.append_child(s.entry_tag.c_str());
+          made.append_child("ID").text() = std::to_string(s.index).c_str();
+          e = entries.by_index.emplace(s.index, made).first;
+          ++entries.count;
+        } else {
+          // Positions before the one asked for are filled with empty
+          // entries (a record at its defaults, a value unset).
+          while (entries.count <= s.index) {
+            pugi::xml_node made = at.append_child(s.entry_tag.c_str());
+            if (!s.pad.empty()) made.text() = s.pad.c_str();
+            entries.by_index.emplace(entries.count++, made);
+          }
+          e = entries.by_index.find(s.index);
+        }
+      }
+      at = e->second;
+      memo_.push_back({s.name, s.has_index, s.index, at});
+    }
+    return at;
+  }
+
+  // Places element `el` (moved from the old tree) as the last step of
+  // `steps`: a value already there is replaced (the later wins), a record
+  // already there takes `el`'s children.
+  void Place(pugi::xml_node el, const std::vector<Step>& steps, bool leaf) {
+    const Step& last = steps.back();
+    if (last.has_index) {
+      // The element becomes an entry of a collection.
+      pugi::xml_node entry = Ensure(steps, steps.size());
+      if (leaf) {
+        entry.text() = el.child_value();
+        return;
+      }
+      MoveChildren(el, entry);
+      return;
+    }
+    pugi::xml_node parent = Ensure(steps, steps.size() - 1);
+    if (pugi::xml_node there = parent.child(last.name.c_str())) {
+      if (leaf || IsLeaf(there)) {
+        children_.erase(there.internal_object());
+        memo_.clear();
+        parent.remove_child(there);
+      } else {
+        MoveChildren(el, there);
+        return;
+      }
+    }
+    if (last.name != el.name()) el.set_name(last.name.c_str());
+    // A collection moved whole takes the entry name of its new place
+    // ("GeometryItems.Edges" holds <Edge>, "GeometryItems.Lines" <Lines>).
+    if (!leaf && last.known && last.cur.member &&
+        (last.cur.member->type == oc::ValueType::Table || last.cur.member->type == oc::ValueType::Array))
+      for (pugi::xml_node c = el.first_child(); c; c = c.next_sibling())
+        if (c.type() == pugi::node_element && last.entry_tag != c.name()) c.set_name(last.entry_tag.c_str());
+    parent.append_move(el);
+  }
+
+  void MoveChildren(pugi::xml_node from, pugi::xml_node to) {
+    children_.erase(to.internal_object());  // gathered again on next use
+    while (pugi::xml_node c = from.first_child()) {
+      if (c.type() == pugi::node_element && std::string_view(c.name()) == "ID" && to.child("ID")) {
+        from.remove_child(c);
+        continue;
+      }
+      to.append_move(c);
+    }
+  }
+
+  // Checks the text of value `el`, moved from `old_path` to `new_path`,
+  // against the member `m` it lands in.
+  void Check(pugi::xml_node el, const Level& lv, const mig::Entry& e, bool enumerator, const oc::Member* m) {
+    if (!m || !oc::IsScalar(m->ScalarType())) return;
+    oc::ScalarBox box;
+    gtl::status warning;
+    const char* text = el.child_value();
+    const bool parsed = oc::ParseScalar(m->ScalarType(), m->traits.enum_table, text, box.Slot(m->ScalarType()), warning);
+    if (parsed && warning.succeeded()) return;
+    // The new path, for the message.
+    std::wstring_view repl = e.replacement;
+    if (enumerator) repl = repl.substr(0, repl.rfind(L'.'));
+    std::wstring new_path;
+    Substitute(repl, lv, new_path);
+    if (e.IsPrefix()) {
+      std::wstring stem;
+      Substitute(std::wstring_view(e.key).substr(0, e.key.size() - 1), lv, stem);
+      new_path += lv.path.substr(stem.size());
+    }
+    const std::wstring& old_path = lv.path;
+    if (!parsed) {
+      err_.ReportError(gtl::status::error(kMsgWrongType, str::to_wstring(text), old_path, Line(el),
+                                          oc::TypeName(m->ScalarType()), new_path));
+      return;
+    }
+    if (!warning.succeeded() && m->traits.enum_table)
+      err_.ReportError(gtl::status::warning(kMsgUnknownEnumerator, str::to_wstring(text), old_path, Line(el),
+                                            m->traits.enum_table->EnumName(), new_path));
+  }
+
+  void Tally(const mig::Entry& e, MigrationAction action, std::size_t values) {
+    Count& c = counts_[mig::IndexOf(e)];
+    c.action = action;
+    c.values += values;
+  }
+
+  // Moves the children of old element `el` (at `lv`) to their places below
+  // the new path `to`.
+  void Walk(pugi::xml_node el, const Level& lv, std::vector<Step>& to, std::size_t depth) {
+    if (depth > kMaxDepth) {
+      err_.ReportError(gtl::status::error(kMsgTooDeep, lv.path, Line(el)));
+      return;
+    }
+    std::vector<pugi::xml_node> kids;
+    for (pugi::xml_node c = el.first_child(); c; c = c.next_sibling())
+      if (c.type() == pugi::node_element) kids.push_back(c);
+    std::uint64_t pos = 0;
+    Level child;
+    std::vector<Step> steps;
+    for (pugi::xml_node c : kids) {
+      bool bad_index = false;
+      if (lv.collection && std::string_view(c.name()) == "ID") continue;  // not an entry
+      ChildLevel(lv, c, pos, child, bad_index);
+      if (lv.collection) ++pos;
+      const bool leaf = IsLeaf(c);
+      bool enumerator = false;
+      const mig::Entry* e = Find(child, c, leaf, enumerator);
+      // An entry that moves an element into an entry of its own name
+      // ("ShakeItems" becomes "ShakeItems[1].Entry") is for the old single
+      // record; an element that already holds today's entries stays.
+      if (e && child.collection && child.member && e->replacement.starts_with(child.path + L"[")) e = nullptr;
+      if (e && e->Dropped()) {
+        Tally(*e, MigrationAction::Dropped, Leaves(c));
+        continue;
+      }
+      const oc::Member* member = nullptr;
+      if (e) {
+        const Template& t = TemplateOf(*e, enumerator);
+        if (!t.ok) continue;  // only a malformed table could get here
+        steps = t.steps;
+        bool bound = true;
+        for (std::size_t i = 0; i < steps.size(); ++i)
+          if (t.var[i]) {
+            const std::size_t k = t.var[i] - 1;
+            if (k >= child.indices.size() || !child.indices[k]) bound = false;
+            else steps[i].index = *child.indices[k];
+          }
+        if (!bound) {
+          err_.ReportError(gtl::status::error(kMsgBadIndex, str::to_wstring(c.child("ID").child_value()),
+                                              child.path, Line(c), e->replacement));
+          continue;
+        }
+        const oc::Member* member = t.member;
+        if (e->IsPrefix()) {
+          // The rest of the path below the key's stem, step by step.
+          std::wstring stem;
+          Substitute(std::wstring_view(e->key).substr(0, e->key.size() - 1), child, stem);
+          std::vector<TextStep> rest;
+          if (!SplitPath(std::wstring_view(child.path).substr(stem.size()), rest)) continue;
+          for (const TextStep& ts : rest) {
+            Step s;
+            const auto index = ts.has_index ? ParseIndex(str::to_utf8(ts.index)) : std::optional<std::uint64_t>(0);
+            MakeStep(&steps.back(), str::to_utf8(ts.name), ts.has_index, index.value_or(0), {}, s);
+            steps.push_back(std::move(s));
+          }
+          member = steps.back().known ? steps.back().cur.member : nullptr;
+        }
+        Tally(*e, t.action, Leaves(c));
+        if (enumerator) c.text() = t.value.c_str();
+        // Checked where it was read: the line is that of the old file.
+        if (leaf) Check(c, child, *e, enumerator, member);
+        if (!leaf && mig::MayMatchBelow(child.pattern)) {
+          // A record stays a record where it goes, even when all it held
+          // moves on; a wrapper is made only when something lands in it.
+          if (steps.back().has_index) Ensure(steps, steps.size());
+          Walk(c, child, steps, depth + 1);
+          continue;
+        }
+        Place(c, steps, leaf);
+        continue;
+      }
+      // No entry: the element stays where its parent went. `to` is the
+      // path of the parent and grows by the child's step while it is
+      // handled.
+      if (lv.collection) {
+        if (bad_index) {
+          // A value below that an entry would move needs the index.
+          Level kl;
+          bool unused = false;
+          for (pugi::xml_node k = c.first_child(); k; k = k.next_sibling()) {
+            if (k.type() != pugi::node_element) continue;
+            ChildLevel(child, k, 0, kl, unused);
+            bool en = false;
+            const mig::Entry* ke = Find(kl, k, IsLeaf(k), en);
+            if (ke && !ke->Dropped() && ke->replacement.find(L'$') != std::wstring::npos)
+              err_.ReportError(gtl::status::error(kMsgBadIndex, str::to_wstring(c.child("ID").child_value()),
+                                                  kl.path, Line(k), ke->replacement));
+          }
+          // Left as it is, for the reader to report.
+          pugi::xml_node coll = Ensure(to, to.size());
+          children_.erase(coll.internal_object());
+          coll.append_move(c);
+          continue;
+        }
+        Step s;
+        MakeStep(to.size() > 1 ? &to[to.size() - 2] : nullptr, to.back().name, true, *child.indices.back(), c, s);
+        if (!s.known && lv.member) s.by_id = KeyedByID(*lv.member);
+        std::swap(to.back(), s);
+        Stay(c, child, to, leaf, depth);
+        std::swap(to.back(), s);
+      } else {
+        // An entry's own ID was written with the entry where it went.
+        if (leaf && !to.empty() && to.back().has_index && to.back().by_id && std::strcmp(c.name(), "ID") == 0)
+          continue;
+        Step s;
+        MakeStep(to.empty() ? nullptr : &to.back(), c.name(), false, 0, {}, s);
+        to.push_back(std::move(s));
+        Stay(c, child, to, leaf, depth);
+        to.pop_back();
+      }
+    }
+  }
+
+  // Element `c` (at `lv`) without an entry, at `to`.
+  void Stay(pugi::xml_node c, const Level& lv, std::vector<Step>& to, bool leaf, std::size_t depth) {
+    if (!leaf && mig::MayMatchBelow(lv.pattern)) {
+      if (to.back().has_index) Ensure(to, to.size());
+      Walk(c, lv, to, depth + 1);
+    } else {
+      Place(c, to, leaf);
+    }
+  }
+
+  pugi::xml_document& doc_;
+  oc::xml::ReadReport read_;
+  oc::xml::impl::XMLError err_;
+  MigrationReport& report_;
+  pugi::xml_node root_;
+  std::unordered_map<void*, Children> children_;
+  std::map<std::size_t, Count> counts_;
+  std::unordered_map<std::size_t, Template> templates_;
+  struct Made {
+    std::string name;
+    bool has_index;
+    std::uint64_t index;
+    pugi::xml_node node;
+  };
+  std::vector<Made> memo_;
+};
+
+}  // namespace
+
+bool IsEarlierGenerationVersion(std::wstring_view version) {
+  // The leading number: "0.9" is of the earlier generation, "1.0" of this.
+  std::size_t i = 0;
+  while (i < version.size() && version[i] == L' ') ++i;
+  if (i == version.size() || version[i] < L'0' || version[i] > L'9') return false;
+  std::uint64_t major = 0;
+  for (; i < version.size() && version[i] >= L'0' && version[i] <= L'9' && major < 100; ++i)
+    major = major * 10 + static_cast<std::uint64_t>(version[i] - L'0');
+  return major < 1;
+}
+
+bool IsEarlierGeneration(const pugi::xml_document& doc) {
+  const pugi::xml_node root = doc.document_element();
+  if (!root || std::string_view(root.name()) != "QVDocument") return false;
+  const pugi::xml_attribute v = root.attribute("Version");
+  return v && IsEarlierGenerationVersion(str::to_wstring(v.value()));
+}
+
+gtl::status MigrateDocument(pugi::xml_document& doc, std::string_view source, MigrationReport& report) {
+  report = MigrationReport{};
+  if (auto s = RegisterDocumentSchema(); s.failed()) return s;
+  return Migrator(doc, source, report).Run();
+}
+
+SchemaResolution ResolveInSchema(std::wstring_view pattern, const oc::Member** member) {
+  const bool prefix = pattern.ends_with(L".");
+  if (prefix) pattern.remove_suffix(1);
+  std::vector<TextStep> text;
+  if (!SplitPath(pattern, text)) return SchemaResolution::None;
+  Cursor c{&RootLayout(), nullptr, false};
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    const std::string name = str::to_utf8(text[i].name);
+    const oc::Member* before = c.member;
+    if (Advance(c, name, text[i].has_index)) continue;
+    // The last step may be a value of an enumeration member.
+    if (i + 1 == text.size() && !prefix && i > 0 && before && before->traits.enum_table &&
+        !text[i].has_index && !c.element) {
+      std::int32_t v = 0;
+      gtl::status w;
+      if (oc::ParseScalar(oc::ValueType::Enum, before->traits.enum_table, name, &v, w) && w.succeeded()) {
+        if (member) *member = before;
+        return SchemaResolution::Enumerator;
+      }
+    }
+    return SchemaResolution::None;
+  }
+  if (member) *member = c.member;
+  if (prefix) return c.node ? SchemaResolution::Prefix : SchemaResolution::None;
+  return SchemaResolution::Member;
+}
+
+}  // namespace v7::files
