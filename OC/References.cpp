@@ -342,6 +342,37 @@ const RefPlan& ElementRefPlan(const Member& m) {
   return *plans.emplace(&m, std::move(p)).first->second;
 }
 
+namespace {
+// Element `index` of collection member `m` at `field` (a table by ID, a
+// list by position), or nullptr.
+void* ElementAt(const Member& m, void* field, std::uint64_t index) {
+  if (m.table) {
+    const auto id = static_cast<std::uint32_t>(index);
+    return id == index && m.table->IsLive(field, id) ? m.table->At(field, id) : nullptr;
+  }
+  if (m.seq && index < m.seq->Size(field)) return m.seq->At(field, static_cast<std::size_t>(index));
+  return nullptr;
+}
+}  // namespace
+
+std::uint32_t* RefAt(const Member& m, void* field, const std::vector<RefVisitor::Frame>& frames) {
+  if (frames.empty() || frames[0].member != &m || !frames[0].has_index) return nullptr;
+  void* at = ElementAt(m, field, frames[0].index);
+  for (std::size_t k = 1; at && k < frames.size(); ++k) {
+    const RefVisitor::Frame& f = frames[k];
+    if (!f.member || f.member->traits.refs_in) return nullptr;  // a hook's references have no field
+    void* inner = f.member->access ? f.member->access->Field(at) : nullptr;
+    if (!inner) return nullptr;
+    at = f.has_index ? ElementAt(*f.member, inner, f.index) : inner;
+  }
+  if (!at) return nullptr;
+  // A key map's entry holds its number beside its key.
+  const RefVisitor::Frame& last = frames.back();
+  if (last.has_index && last.member->seq)
+    if (std::uint32_t* value = last.member->seq->EntryValue(at)) return value;
+  return static_cast<std::uint32_t*>(at);
+}
+
 void ForEachRefIn(const Member& m, void* field, RefVisitor& visitor) {
   RefWalker w(visitor);
   if (m.type == ValueType::Table) {

@@ -50,13 +50,18 @@ class RefVisitor {
   // elements are counted from 0, table records by their ID).
   std::wstring Path() const;
 
- private:
-  friend class RefWalker;
+ // One step of the way from the walk's root to the reference: a member,
+  // and for a list or table element its position (from 0) or ID.
   struct Frame {
     const Member* member;
     std::uint64_t index;
     bool has_index;
   };
+  // The way to the reference being visited (with TrackPath on).
+  const std::vector<Frame>& Frames() const { return frames_; }
+
+ private:
+  friend class RefWalker;
   std::vector<Frame> frames_;
   bool track_path_ = false;
 
@@ -102,6 +107,10 @@ bool ForEachRef(const RefPlan& plan, void* rec, RefVisitor& visitor);
 // the visitor each element first (OnElement). Elements of a list that a
 // cleared reference drops are removed.
 void ForEachRefIn(const Member& m, void* field, RefVisitor& visitor);
+// The number that `frames` (a visitor's Frames during a ForEachRefIn walk of
+// `m` at `field`) lead to, or nullptr when the way passes through something
+// that is not a plain field (a getter, a hook) or leads nowhere now.
+std::uint32_t* RefAt(const Member& m, void* field, const std::vector<RefVisitor::Frame>& frames);
 // The plan of the elements of collection member `m` (their record type's,
 // or, for a list of numbers or a key map declared Ref, the member's own).
 const RefPlan& ElementRefPlan(const Member& m);

@@ -1,10 +1,12 @@
 #include "V7Doc/core/DeclaredReferences.h"
 
 #include <algorithm>
+#include <memory>
 #include <utility>
 
 #include "OC/RecordType.h"
 #include "OC/References.h"
+#include "V7Doc/core/UndoHistory.h"
 
 namespace v7 {
 namespace {
@@ -52,17 +54,80 @@ void SortByUsed(std::vector<Use>& uses, GID max_used) {
   }
 }
 
-// Gives every reference a new number through `map`.
+// The references one repair changed, site by site: undo writes the old
+// numbers back (newest first), redo the new ones. A site is found again by
+// its way from the collection, which the replay order keeps valid: each
+// entry finds the document as the repair left it (or found it).
+class RepairLog final : public UndoEntry {
+ public:
+  RepairLog(const oc::Member& m, void* field) : m_(m), field_(field) {}
+  // False when the site cannot be found again by its way.
+  bool Add(const std::vector<oc::RefVisitor::Frame>& frames, std::uint32_t before, std::uint32_t after) {
+    if (!oc::RefAt(m_, field_, frames)) return false;
+    sites_.push_back({frames, before, after});
+    return true;
+  }
+  bool Empty() const { return sites_.empty(); }
+  void Undo() override {
+    for (std::size_t i = sites_.size(); i > 0; --i) Write(sites_[i - 1], sites_[i - 1].before);
+  }
+  void Redo() override {
+    for (const Site& s : sites_) Write(s, s.after);
+  }
+  std::size_t Bytes() const override {
+    std::size_t n = sizeof(*this) + sites_.capacity() * sizeof(Site);
+    for (const Site& s : sites_) n += s.frames.capacity() * sizeof(oc::RefVisitor::Frame);
+    return n;
+  }
+
+ private:
+  struct Site {
+    std::vector<oc::RefVisitor::Frame> frames;
+    std::uint32_t before, after;
+  };
+  void Write(const Site& s, std::uint32_t value) {
+    if (std::uint32_t* p = oc::RefAt(m_, field_, s.frames)) *p = value;
+  }
+  const oc::Member& m_;
+  void* field_;
+  std::vector<Site> sites_;
+};
+
+// Gives every reference a new number through `map`, recording each change
+// into `log` when there is one.
 template <class Map>
 class Remapper final : public oc::RefVisitor {
  public:
-  Remapper(GID container, Map map) : container_(container), map_(map) {}
+  Remapper(GID container, Map map, RepairLog* log) : container_(container), map_(map), log_(log) {
+    TrackPath(log != nullptr);
+  }
   bool Wants(std::uint32_t c) const override { return c == container_; }
-  std::uint32_t Visit(const oc::RefSite&, std::uint32_t value) override { return map_(value); }
+  std::uint32_t Visit(const oc::RefSite&, std::uint32_t value) override {
+    const std::uint32_t now = map_(value);
+    if (now == value) return value;
+    repair.changed = true;
+    if (!log_) {
+      repair.restorable = false;
+    } else if (now == 0 && InList()) {
+      // A cleared number in a list may take its element out of the list,
+      // which a site-by-site record cannot put back.
+      repair.restorable = false;
+    } else if (!log_->Add(Frames(), value, now)) {
+      repair.restorable = false;
+    }
+    return now;
+  }
+  DeclaredReferences::Repair repair;
 
  private:
+  bool InList() const {
+    for (const Frame& f : Frames())
+      if (f.has_index && f.member && f.member->seq && !f.member->table) return true;
+    return false;
+  }
   GID container_;
   Map map_;
+  RepairLog* log_;
 };
 
 }  // namespace
@@ -110,20 +175,31 @@ void DeclaredReferences::AppendUsage(GID self, GID container, UsageList& usage) 
   }
 }
 
-void DeclaredReferences::Renumber(GID container, const std::vector<GID>& renumber) {
+template <class Map>
+DeclaredReferences::Repair DeclaredReferences::Remap(GID container, Map map, UndoHistory* history) {
+  // Only a collection's elements have a way to their references.
+  std::unique_ptr<RepairLog> log;
+  if (history && member_) log = std::make_unique<RepairLog>(*member_, field_);
+  Remapper<Map> r(container, map, log.get());
+  Walk(r);
+  if (log && !log->Empty()) history->Record(std::move(log));
+  return r.repair;
+}
+
+DeclaredReferences::Repair DeclaredReferences::Renumber(GID container, const std::vector<GID>& renumber,
+                                                        UndoHistory* history) {
   auto map = [&renumber](std::uint32_t v) -> std::uint32_t {
     return v < renumber.size() ? renumber[v] : 0;
   };
-  Remapper<decltype(map)> r(container, map);
-  Walk(r);
+  return Remap(container, map, history);
 }
 
-void DeclaredReferences::Forget(GID container, const std::vector<GID>& ids) {
+DeclaredReferences::Repair DeclaredReferences::Forget(GID container, const std::vector<GID>& ids,
+                                                      UndoHistory* history) {
   auto map = [&ids](std::uint32_t v) -> std::uint32_t {
     return std::binary_search(ids.begin(), ids.end(), v) ? 0 : v;
   };
-  Remapper<decltype(map)> r(container, map);
-  Walk(r);
+  return Remap(container, map, history);
 }
 
 }  // namespace v7

@@ -19,6 +19,8 @@ class RefVisitor;
 
 namespace v7 {
 
+class UndoHistory;
+
 class DeclaredReferences {
  public:
   // The container's records are the elements of collection member
@@ -40,15 +42,24 @@ class DeclaredReferences {
   // refers to record r of `container`; once per holder and record. The
   // list grows when a reference names a record beyond it.
   void AppendUsage(GID self, GID container, UsageList& usage) const;
+  // What a repair did: whether it changed any reference, and whether the
+  // history (when one was given) can take every change back.
+  struct Repair {
+    bool changed = false;
+    bool restorable = true;
+  };
   // Rewrites the references to `container` by the map of a full compaction
   // (renumber[old] is the new GID, 0 for a deleted record); a reference
-  // beyond the map names nothing and is cleared.
-  void Renumber(GID container, const std::vector<GID>& renumber);
+  // beyond the map names nothing and is cleared. With a history, each
+  // changed reference is recorded into its open transaction.
+  Repair Renumber(GID container, const std::vector<GID>& renumber, UndoHistory* history = nullptr);
   // Clears the references to the records `ids` (ascending) of `container`.
-  void Forget(GID container, const std::vector<GID>& ids);
+  Repair Forget(GID container, const std::vector<GID>& ids, UndoHistory* history = nullptr);
 
  private:
   void Walk(oc::RefVisitor& visitor) const;
+  template <class Map>
+  Repair Remap(GID container, Map map, UndoHistory* history);
 
   const oc::Member* member_;  // null: field_ is the object itself
   void* field_;

@@ -95,4 +95,10 @@ void NotifyAdd(const IQVContainer& from, const std::vector<GID>& ids);
 void NotifyDelete(const IQVContainer& from, const std::vector<GID>& ids);
 void NotifyIDUpdate(const IQVContainer& from, const std::vector<GID>& renumber);
 
+class UndoHistory;
+// The history a registered container records its edits into, null when it
+// is not registered or nothing is to be recorded now (a step is being
+// undone or redone, or recording is suspended).
+UndoHistory* RecordingHistoryOf(const IQVContainer& c);
+
 }  // namespace v7

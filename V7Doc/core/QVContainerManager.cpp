@@ -22,6 +22,12 @@ void NotifyIDUpdate(const IQVContainer& from, const std::vector<GID>& renumber) 
   if (from.IsRegistered()) from.Manager().NotifyIDUpdate(from.ID(), renumber);
 }
 
+UndoHistory* RecordingHistoryOf(const IQVContainer& c) {
+  if (!c.IsRegistered()) return nullptr;
+  UndoHistory& h = c.Manager().History();
+  return h.Recording() ? &h : nullptr;
+}
+
 std::size_t QVContainerManager::SlotOf(GID id) {
   if (id >= 1 && id <= 73) return id;
   if (id >= 5001 && id <= 5027) return id - 4926;
@@ -31,6 +37,7 @@ std::size_t QVContainerManager::SlotOf(GID id) {
 QVContainerManager::QVContainerManager() : subscribers_(kSlotCount) {}
 
 QVContainerManager::~QVContainerManager() {
+  history_.FreeMemory();
   TellCleanup(INotifyCleanupAction::Reason::Destroy);
   for (IQVContainer* c : containers_)
     if (c) c->manager_ = nullptr;
@@ -49,6 +56,8 @@ void QVContainerManager::Register(IQVContainer* c, const std::wstring& name, uns
 
 void QVContainerManager::UnRegister(IQVContainer* c) {
   if (!c) return;
+  // The history may hold edits of the container that is going away.
+  if (c->manager_ == this) history_.FreeMemory();
   std::erase(containers_, c);
   std::erase_if(by_name_, [c](const auto& kv) { return kv.second == c; });
   for (auto& slot : subscribers_) std::erase(slot, c);
@@ -120,9 +129,14 @@ unsigned QVContainerManager::MaxID(const GID& container) {
 }
 
 void QVContainerManager::Clear() {
+  // Clearing the whole document is not undoable: the history would hold
+  // records of the project that is gone.
+  history_.Suspend();
   const auto containers = containers_;
   for (IQVContainer* c : containers)
     if (c) c->Clear();
+  history_.Resume();
+  history_.FreeMemory();
   TellCleanup(INotifyCleanupAction::Reason::Clear);
 }
 
@@ -155,6 +169,7 @@ bool QVContainerManager::UnregisterCleanupAction(const CleanupAction& action) {
 }
 
 int QVContainerManager::UndoFreeMemory() {
+  history_.FreeMemory();
   const int told = static_cast<int>(cleanup_actions_.size());
   TellCleanup(INotifyCleanupAction::Reason::UndoFreeMemory);
   return told;
@@ -198,13 +213,27 @@ void QVContainerManager::NotifyAdd(GID from, const std::vector<GID>& ids) {
   ForEachListener(from, [&](IQVChangeListener& l) { l.OnAdd(from, ids); });
   for (IQVChangeListener* o : observers_) o->OnAdd(from, ids);
 }
+// Declared references are repaired by the edit that sends the notice, and
+// recorded with it when it is undoable; a replay of that edit puts them
+// back from the record, so a notice sent by a replay repairs nothing. A
+// repair that the history cannot take back makes the history unrestorable.
+template <class F>
+void QVContainerManager::RepairDeclared(GID from, F&& repair) {
+  if (history_.Replaying()) return;
+  UndoHistory* record = history_.Recording() && history_.InRecordedEdit() ? &history_ : nullptr;
+  ForEachDeclared(from, [&](DeclaredReferences& d) {
+    const DeclaredReferences::Repair r = repair(d, record);
+    if (r.changed && !(record && r.restorable)) history_.Unrestorable();
+  });
+}
+
 void QVContainerManager::NotifyDelete(GID from, const std::vector<GID>& ids) {
-  ForEachDeclared(from, [&](DeclaredReferences& d) { d.Forget(from, ids); });
+  RepairDeclared(from, [&](DeclaredReferences& d, UndoHistory* h) { return d.Forget(from, ids, h); });
   ForEachListener(from, [&](IQVChangeListener& l) { l.OnDelete(from, ids); });
   for (IQVChangeListener* o : observers_) o->OnDelete(from, ids);
 }
 void QVContainerManager::NotifyIDUpdate(GID from, const std::vector<GID>& renumber) {
-  ForEachDeclared(from, [&](DeclaredReferences& d) { d.Renumber(from, renumber); });
+  RepairDeclared(from, [&](DeclaredReferences& d, UndoHistory* h) { return d.Renumber(from, renumber, h); });
   ForEachListener(from, [&](IQVChangeListener& l) { l.OnIDUpdate(from, renumber); });
   for (IQVChangeListener* o : observers_) o->OnIDUpdate(from, renumber);
 }

@@ -8,6 +8,7 @@
 
 #include "QVI/gtl/handle.h"
 #include "V7Doc/core/IQVContainer.h"
+#include "V7Doc/core/UndoHistory.h"
 
 namespace oc {
 struct Member;
@@ -88,8 +89,9 @@ class QVContainerManager {
   void RegisterCleanupAction(const CleanupAction& action);
   // False when `action` was not registered.
   bool UnregisterCleanupAction(const CleanupAction& action);
-  // Tells the cleanup actions that undo memory may go; returns how many were
-  // told. There is no undo history yet, so nothing else is held.
+  // Drops the undo history (calling the recorded records' UndoFreeMemory)
+  // and tells the cleanup actions that undo memory may go; returns how many
+  // actions were told.
   int UndoFreeMemory();
 
   // `l` hears the change notices of every container, after the
@@ -97,6 +99,10 @@ class QVContainerManager {
   // the records this way). Not owned; remove it before it goes.
   void AddObserver(IQVChangeListener* l);
   void RemoveObserver(IQVChangeListener* l);
+
+  // The undo history the undoable tables record into.
+  UndoHistory& History() { return history_; }
+  const UndoHistory& History() const { return history_; }
 
   // Change notices from container `from` to the listeners in its slot.
   void NotifyAdd(GID from, const std::vector<GID>& ids);
@@ -118,12 +124,15 @@ class QVContainerManager {
   // of `from` itself, that refer to records of `from`.
   template <class F>
   void ForEachDeclared(GID from, F&& f);
+  template <class F>
+  void RepairDeclared(GID from, F&& repair);
 
   std::vector<IQVContainer*> containers_;
   std::map<std::wstring, IQVContainer*> by_name_;
   std::vector<std::vector<IQVContainer*>> subscribers_;
   std::vector<CleanupAction> cleanup_actions_;
   std::vector<IQVChangeListener*> observers_;
+  UndoHistory history_;
 };
 
 }  // namespace v7

@@ -52,11 +52,21 @@ struct QVContainerOpPolicy {
   static constexpr bool kRecordsUndo = false;
 };
 
-// Tables whose edits take part in the document's undo history (slip surfaces,
-// loads, convective surfaces, thermosyphons). The document-level undo
-// framework does not exist yet: for now every table operation behaves exactly
-// as under QVContainerOpPolicy and nothing is recorded. When the undo history
-// arrives, the table calls the recording hooks from this policy.
+// Tables whose edits take part in the document's undo history. Every table
+// operation behaves as under QVContainerOpPolicy; a registered table also
+// records it into its manager's UndoHistory (see QVContainerTable.h).
+//
+// Which tables take part: those the user edits one record at a time and
+// whose records follow the undo contract or are named undoable: materials,
+// boundary conditions, climate data, thermosyphons, convective surfaces, and
+// the stability analyses' slip surfaces, surcharge and reinforcement loads.
+// Analyses, function lists, 3-D functions, result sets and the geometry
+// tables keep the plain policy: their table types are fixed with it, a
+// geometry edit touches thousands of records at once (remeshing, import)
+// and would fill the history with images nobody undoes one by one, and
+// results are rebuilt by the solvers, not edited. An edit of a plain table
+// that repairs a reference held by any record drops the history rather
+// than leave it unable to restore (UndoHistory.h).
 template <class T>
 struct QVContainerOpUndoPolicy {
   static constexpr bool kRecordsUndo = true;

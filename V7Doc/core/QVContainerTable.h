@@ -8,14 +8,22 @@
 // subscribers: Add and Resize report the new IDs, Delete, Reserve/Resize
 // shrinking and Clear report the live IDs they removed, FullCompact reports
 // its renumbering map when it moved anything.
+//
+// Under QVContainerOpUndoPolicy a registered table records each operation
+// into its manager's undo history (TableUndoLog.h), one step per operation
+// unless a transaction is open. A record is changed undoably through
+// Change; writing through At or operator[] is not recorded.
 #include <algorithm>
 #include <cassert>
 #include <functional>
+#include <memory>
+#include <type_traits>
 #include <vector>
 
 #include "V7Doc/core/CompressedIterator.h"
 #include "V7Doc/core/IQVContainer.h"
 #include "V7Doc/core/QVContainerPolicies.h"
+#include "V7Doc/core/TableUndoLog.h"
 
 namespace v7 {
 
@@ -40,35 +48,64 @@ class QVContainerTable : public Base {
     const std::less<const T*> before;
     if (!slots_.empty() && !before(&rec, slots_.data()) && before(&rec, slots_.data() + slots_.size()))
       return Add(T(rec));  // `rec` lives in a slot that Compact may destroy
-    Compact();
+    UndoHistory* h = History();
+    UndoHistory::Scope scope(h);
+    undo_log* log = Log(h);
+    Trim(log);
     slots_.push_back(rec);
-    return Added();
+    return Added(log);
   }
   iterator Add(T&& rec) {
-    Compact();
+    UndoHistory* h = History();
+    UndoHistory::Scope scope(h);
+    undo_log* log = Log(h);
+    Trim(log);
     slots_.push_back(std::move(rec));
-    return Added();
+    return Added(log);
+  }
+
+  // Replaces live record `id` by `rec` (through the record's undo
+  // assignment; a stored ID stays). A record equal to `rec` for undo is left
+  // alone and costs nothing. False when `id` names no live record.
+  bool Change(const GID& id, const T& rec) {
+    if (!IsLiveSlot(id)) return false;
+    T& slot = slots_[id - 1];
+    if (undo_detail::Equal(slot, rec)) return true;
+    UndoHistory* h = History();
+    UndoHistory::Scope scope(h);
+    // `rec` is not the slot itself here (that would have been equal).
+    if (undo_log* log = Log(h)) log->Replace(id - 1);
+    undo_detail::Assign(slot, rec);
+    IDPolicy::SetID(slot, id);
+    return true;
   }
 
   // Turns each listed live record into a tombstone; invalid or already
   // deleted IDs are skipped. Then trims trailing tombstones.
   void Delete(const std::vector<GID>& ids) {
+    UndoHistory* h = History();
+    UndoHistory::Scope scope(h);
+    undo_log* log = Log(h);
     std::vector<GID> deleted;
     for (GID id : ids) {
       if (Find(id) == end()) continue;
+      if (log) log->Replace(id - 1);
       IDPolicy::SetMissing(slots_[id - 1]);
       deleted.push_back(id);
     }
-    Compact();
+    Trim(log);
     if (!deleted.empty()) {
       std::sort(deleted.begin(), deleted.end());
+      if (log) log->Notice(undo_log::Kind::Delete, deleted);
       NotifyDelete(*this, deleted);
     }
   }
 
   // Destroys trailing tombstones. Never renumbers.
   virtual void Compact() {
-    while (!slots_.empty() && IDPolicy::IsMissing(slots_.back())) slots_.pop_back();
+    UndoHistory* h = History();
+    UndoHistory::Scope scope(h);
+    Trim(Log(h));
   }
 
   // Squeezes out every tombstone, keeping order. `renumber[old]` is the new
@@ -76,18 +113,30 @@ class QVContainerTable : public Base {
   void FullCompact(std::vector<GID>& renumber) override {
     renumber.assign(slots_.size() + 1, 0);
     std::size_t w = 0;
+    bool anyMissing = false;
+    for (const T& rec : slots_) anyMissing = anyMissing || IDPolicy::IsMissing(rec);
+    if (!anyMissing) {
+      for (std::size_t i = 0; i < slots_.size(); ++i) renumber[i + 1] = static_cast<GID>(i + 1);
+      return;
+    }
+    UndoHistory* h = History();
+    UndoHistory::Scope scope(h);
+    undo_log* log = Log(h);
+    // Swapping (rather than moving) keeps every slot whole, so that the
+    // log can swap back: the slots between w and i are all tombstones.
     for (std::size_t i = 0; i < slots_.size(); ++i) {
       if (IDPolicy::IsMissing(slots_[i])) continue;
       if (i != w) {
-        slots_[w] = std::move(slots_[i]);
+        std::swap(slots_[w], slots_[i]);
         IDPolicy::SetID(slots_[w], static_cast<GID>(w + 1));
+        if (log) log->Swap(w, i);
       }
       ++w;
       renumber[i + 1] = static_cast<GID>(w);
     }
-    const bool moved = w != slots_.size();
-    slots_.erase(slots_.begin() + static_cast<std::ptrdiff_t>(w), slots_.end());
-    if (moved) NotifyIDUpdate(*this, renumber);
+    while (slots_.size() > w) PopSlot(log);
+    if (log) log->Notice(undo_log::Kind::Renumber, renumber);
+    NotifyIDUpdate(*this, renumber);
   }
 
   // The live record with this ID, or end().
@@ -140,9 +189,15 @@ class QVContainerTable : public Base {
   // with known IDs: reserve up to the highest ID, then fill the live slots.
   void Reserve(std::size_t n) {
     if (n < slots_.size()) return Shrink(n);
+    UndoHistory* h = History();
+    UndoHistory::Scope scope(h);
+    undo_log* log = Log(h);
     const std::size_t old = slots_.size();
     slots_.resize(n);
-    for (std::size_t i = old; i < n; ++i) IDPolicy::SetMissing(slots_[i]);
+    for (std::size_t i = old; i < n; ++i) {
+      IDPolicy::SetMissing(slots_[i]);
+      if (log) log->Push();
+    }
   }
 
   // Makes room for `n` slots without adding any, so that a load placing
@@ -155,14 +210,21 @@ class QVContainerTable : public Base {
   // IDs set to position + 1).
   void Resize(std::size_t n) {
     if (n < slots_.size()) return Shrink(n);
+    UndoHistory* h = History();
+    UndoHistory::Scope scope(h);
+    undo_log* log = Log(h);
     const std::size_t old = slots_.size();
     slots_.resize(n);
     std::vector<GID> added;
     for (std::size_t i = old; i < n; ++i) {
       IDPolicy::SetID(slots_[i], static_cast<GID>(i + 1));
+      if (log) log->Push();
       if (this->IsRegistered()) added.push_back(static_cast<GID>(i + 1));
     }
-    if (!added.empty()) NotifyAdd(*this, added);
+    if (!added.empty()) {
+      if (log) log->Notice(undo_log::Kind::Add, added);
+      NotifyAdd(*this, added);
+    }
   }
 
   // Destroys every slot.
@@ -197,23 +259,75 @@ class QVContainerTable : public Base {
     return id != 0 && id - 1 < slots_.size() && !IDPolicy::IsMissing(slots_[id - 1]);
   }
 
-  iterator Added() {
+  // Undoable tables log into their manager's history; plain ones have a
+  // log type that does nothing and is never made.
+  struct NoUndoLog {
+    enum class Kind { Add, Delete, Renumber };
+    void Replace(std::size_t) {}
+    void Push() {}
+    void Pop() {}
+    void Swap(std::size_t, std::size_t) {}
+    void Notice(Kind, const std::vector<GID>&) {}
+  };
+  using undo_log =
+      std::conditional_t<OpPolicy::kRecordsUndo, TableUndoLog<T, IDPolicy>, NoUndoLog>;
+
+  UndoHistory* History() const {
+    if constexpr (OpPolicy::kRecordsUndo) return this->IsRegistered() ? RecordingHistoryOf(*this) : nullptr;
+    else return nullptr;
+  }
+  // This operation's log: the one the open step already has for this table,
+  // or a new one; null when nothing is recorded.
+  undo_log* Log(UndoHistory* h) {
+    if constexpr (OpPolicy::kRecordsUndo) {
+      if (!h) return nullptr;
+      if (UndoEntry* e = h->LastEntry(&slots_)) return static_cast<undo_log*>(e);
+      auto log = std::make_unique<undo_log>(slots_, *this);
+      undo_log* raw = log.get();
+      h->Record(std::move(log));
+      return raw;
+    } else {
+      (void)h;
+      return nullptr;
+    }
+  }
+
+  void PopSlot(undo_log* log) {
+    if (log) log->Pop();
+    slots_.pop_back();
+  }
+  // Destroys trailing tombstones.
+  void Trim(undo_log* log) {
+    while (!slots_.empty() && IDPolicy::IsMissing(slots_.back())) PopSlot(log);
+  }
+
+  iterator Added(undo_log* log) {
     const auto id = static_cast<GID>(slots_.size());
     if constexpr (IDPolicy::kStoresID) {
       IDPolicy::SetID(slots_.back(), 0);
       IDPolicy::SetID(slots_.back(), id);
     }
-    if (this->IsRegistered()) NotifyAdd(*this, {id});
+    if (log) log->Push();
+    if (this->IsRegistered()) {
+      if (log) log->Notice(undo_log::Kind::Add, {id});
+      NotifyAdd(*this, {id});
+    }
     return iterator(&slots_, slots_.size() - 1, false);
   }
 
   void Shrink(std::size_t n) {
+    UndoHistory* h = History();
+    UndoHistory::Scope scope(h);
+    undo_log* log = Log(h);
     std::vector<GID> removed;
     if (this->IsRegistered())
       for (std::size_t i = n; i < slots_.size(); ++i)
         if (!IDPolicy::IsMissing(slots_[i])) removed.push_back(static_cast<GID>(i + 1));
-    slots_.erase(slots_.begin() + static_cast<std::ptrdiff_t>(n), slots_.end());
-    if (!removed.empty()) NotifyDelete(*this, removed);
+    while (slots_.size() > n) PopSlot(log);
+    if (!removed.empty()) {
+      if (log) log->Notice(undo_log::Kind::Delete, removed);
+      NotifyDelete(*this, removed);
+    }
   }
 
   storage_type slots_;

@@ -158,6 +158,8 @@ void QVDocument::OnRegistration() {
 }
 
 void QVDocument::OnCollectionsReplaced() {
+  // The history holds edits of the collections that were replaced.
+  containerManager_.UndoFreeMemory();
   // Session IDs of the old collections mean nothing for the new ones.
   sessions_.assign(1, 0);
   for (auto it = analyses_.begin(); it != analyses_.end(); ++it) sessions_.push_back(it.ID());

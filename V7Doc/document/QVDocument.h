@@ -239,7 +239,25 @@ class QVDocument : public QVDocData, public IQVContainer, public IQVChangeListen
   // every container's calculated values refreshed.
   void OnCollectionsReplaced();
 
+  // Drops the undo history; returns how many cleanup actions were told.
   int UndoFreeMemory() { return containerManager_.UndoFreeMemory(); }
+
+  // Undo and redo (V7Doc/core/UndoHistory.h says what is recorded; the
+  // tables that take part are those with QVContainerOpUndoPolicy).
+  // Edits between BeginTransaction and CommitTransaction(label) are one
+  // step; transactions nest, the outermost label names the step. An edit
+  // outside a transaction is a step of its own. AbortTransaction takes back
+  // what the innermost open transaction recorded. Undo and Redo are refused
+  // (false) while a transaction is open or when there is nothing to do.
+  void BeginTransaction() { History().Begin(); }
+  bool CommitTransaction(const std::wstring& label) { return History().Commit(label); }
+  bool AbortTransaction() { return History().Abort(); }
+  bool Undo() { return History().Undo(); }
+  bool Redo() { return History().Redo(); }
+  bool CanUndo() const { return History().CanUndo(); }
+  bool CanRedo() const { return History().CanRedo(); }
+  UndoHistory& History() { return containerManager_.History(); }
+  const UndoHistory& History() const { return containerManager_.History(); }
 
   // Enumeration names this version does not know, as the last load read
   // them (their members read as undefined): a save writes each back where

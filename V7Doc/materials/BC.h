@@ -90,7 +90,9 @@ inline constexpr std::uint32_t kFlux = 0xFFC000;      // green 192, blue 255
 inline constexpr std::uint32_t kUnitFlux = 0xFF0000;  // blue 255
 }  // namespace bc_colour
 
-class BCTable : public QVContainerTable<BC> {
+// Boundary conditions are edited by the user: the table takes part in the
+// undo history.
+class BCTable : public QVContainerTable<BC, QVContainerNoStoredIDPolicy<BC>, QVContainerOpUndoPolicy<BC>> {
  public:
   BCTable() = default;
 };

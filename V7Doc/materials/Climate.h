@@ -104,7 +104,11 @@ class CLIMATE_INFO {
 inline bool IsMissing(const CLIMATE_INFO& c) { return c.wsTitle.empty() && c.hClimateMem.empty(); }
 inline void SetMissing(CLIMATE_INFO& c) { c = CLIMATE_INFO(); }
 
-class ClimateDataTable : public QVContainerTable<CLIMATE_INFO> {
+// Climate data sets follow the undo contract (UndoAssignment): the table
+// takes part in the undo history.
+class ClimateDataTable
+    : public QVContainerTable<CLIMATE_INFO, QVContainerNoStoredIDPolicy<CLIMATE_INFO>,
+                              QVContainerOpUndoPolicy<CLIMATE_INFO>> {
  public:
   ClimateDataTable() = default;
 };

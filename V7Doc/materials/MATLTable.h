@@ -1,6 +1,8 @@
 #pragma once
 // The document's material table (collection 4, "Materials"): MATL records
-// that keep their own ID in nMatlNum.
+// that keep their own ID in nMatlNum. Materials are edited by the user and
+// follow the undo contract (UndoEquality, UndoAssignment, UndoFreeMemory),
+// so the table takes part in the undo history.
 #include "V7Doc/core/QVContainerPolicies.h"
 #include "V7Doc/core/QVContainerTable.h"
 #include "V7Doc/materials/MATL.h"
@@ -16,7 +18,7 @@ struct MatlIDPolicy {
   static GID GetID(const MATL& m) { return m.nMatlNum_; }
 };
 
-class MATLTable : public QVContainerTable<MATL, MatlIDPolicy> {
+class MATLTable : public QVContainerTable<MATL, MatlIDPolicy, QVContainerOpUndoPolicy<MATL>> {
  public:
   MATLTable() = default;
 };

@@ -68,7 +68,14 @@ py::object ValueOf(const ProjectPtr& project, const oc::IOC& node, const std::ws
 // The text a Python value is set from, as `qvdoc set` would be given it.
 std::wstring TextOf(const py::handle& value);
 
+// Sets the value at `path` as Document.set does (the checks and messages of
+// `qvdoc set`). An edit of a record of a table that takes part in undo
+// (materials, boundary conditions, ...) is recorded as a change of that
+// record, so that Document.undo takes it back.
+void SetInProject(Project& project, const std::wstring& path, const py::handle& value);
+
 void BindDocument(py::module_& m);
+void BindUndo(py::module_& m);
 void BindTables(py::module_& m);
 void BindFunctions(py::module_& m);
 void BindResults(py::module_& m);

@@ -119,9 +119,7 @@ void Save(Project& p, const std::string& path) {
 }
 
 void Set(Project& p, const std::string& path, const py::handle& value) {
-  v7::files::SetReport report;
-  Check(v7::files::SetValueInDocument(*p.doc, str::to_wstring(path), TextOf(value), &report));
-  for (const auto& w : report.warnings) Warn(w);
+  SetInProject(p, str::to_wstring(path), value);
 }
 
 py::dict Collections(const Project& p) {

@@ -27,4 +27,5 @@ Every failure raises ``qvv7.Error`` (a ValueError) with the library's message.
   qvv7py::BindTables(m);
   qvv7py::BindFunctions(m);
   qvv7py::BindResults(m);
+  qvv7py::BindUndo(m);
 }

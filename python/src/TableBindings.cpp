@@ -85,6 +85,35 @@ std::optional<Editor> EditorFor(v7::QVDocument& doc, const oc::IOC& collection) 
   return std::nullopt;
 }
 
+// Runs `edit`, which writes record `rec` of `table` in place, as a change
+// the table records: the record is put back as it was and the edited copy
+// handed to Change. Nothing when `rec` is not in `table`.
+template <class Table>
+bool RecordedEdit(Table& table, const void* rec, const std::function<void()>& edit) {
+  using T = typename Table::value_type;
+  auto it = table.Find(static_cast<const T*>(rec));
+  if (it == table.end()) return false;
+  const v7::GID id = it.ID();
+  T before = table.At(id);
+  edit();
+  T after = table.At(id);
+  table.At(id) = std::move(before);
+  table.Change(id, after);
+  return true;
+}
+
+// The record of a top-level table that `path` leads into (its first
+// indexed step), or nullptr.
+const void* RecordOf(v7::QVDocument& doc, const std::wstring& path) {
+  std::wstring plain;
+  if (v7::doc::NormalizeExpression(path, std::nullopt, plain).failed()) return nullptr;
+  const auto close = plain.find(L']');
+  oc::IOC rec;
+  if (close == std::wstring::npos || v7::doc::FindInDocument(doc, plain.substr(0, close + 1), rec).failed())
+    return nullptr;
+  return rec.Object();
+}
+
 // The collection node of a table view, checked to be one.
 oc::IOC Collection(const TableView& t) {
   oc::IOC node = Resolve(*t.project, t.path);
@@ -141,9 +170,7 @@ py::object Member(const RecordView& r, const std::string& name) {
 }
 
 void SetMember(const RecordView& r, const std::string& name, const py::handle& value) {
-  v7::files::SetReport report;
-  Check(v7::files::SetValueInDocument(*r.project->doc, Join(r.path, name), TextOf(value), &report));
-  for (const auto& w : report.warnings) Warn(w);
+  SetInProject(*r.project, Join(r.path, name), value);
 }
 
 py::dict MembersOf(const RecordView& r) {
@@ -173,6 +200,21 @@ TableView TableOf(const ProjectPtr& p, const std::string& name) {
 }
 
 }  // namespace
+
+void SetInProject(Project& project, const std::wstring& path, const py::handle& value) {
+  const std::wstring text = TextOf(value);
+  v7::QVDocument& doc = *project.doc;
+  v7::files::SetReport report;
+  gtl::status s;
+  const auto set = [&] { s = v7::files::SetValueInDocument(doc, path, text, &report); };
+  const void* rec = RecordOf(doc, path);
+  // The tables that record their changes for undo.
+  if (!rec || !(RecordedEdit(doc.Materials(), rec, set) || RecordedEdit(doc.BCs(), rec, set) ||
+                RecordedEdit(doc.ClimateData(), rec, set)))
+    set();
+  Check(s);
+  for (const auto& w : report.warnings) Warn(w);
+}
 
 void BindTables(py::module_& m) {
   py::class_<TableView>(m, "Table", R"(A collection of a project: a record table (records by ID, from 1,

@@ -1,5 +1,6 @@
 import shutil
 import subprocess
+import zipfile
 
 import pytest
 import qvv7
@@ -25,7 +26,15 @@ def test_round_trip_matches_qvdoc_set(qvdoc, project, tmp_path, path, value, tex
     doc = qvv7.open(str(by_python))
     doc.set(path, value)
     doc.save(str(by_python))
-    assert by_python.read_bytes() == by_tool.read_bytes()
+    if suffix == ".xml":
+        assert by_python.read_bytes() == by_tool.read_bytes()
+    else:
+        # A package stamps each entry with the time of the save; everything
+        # else, every entry's bytes included, is the same.
+        with zipfile.ZipFile(by_python) as a, zipfile.ZipFile(by_tool) as b:
+            assert [(i.filename, i.compress_type, i.CRC) for i in a.infolist()] == \
+                [(i.filename, i.compress_type, i.CRC) for i in b.infolist()]
+            assert all(a.read(n) == b.read(n) for n in a.namelist())
     assert qvv7.open(str(by_python)).get(path) == value
 
 

@@ -9,7 +9,8 @@ STUB = ast.parse((pathlib.Path(__file__).parent.parent / "qvv7.pyi").read_text()
 
 def public(names):
     return {n for n in names if not n.startswith("_") or n in ("__getitem__", "__setitem__", "__delitem__",
-                                                               "__len__", "__iter__", "__call__", "__getattr__")}
+                                                               "__len__", "__iter__", "__call__", "__getattr__",
+                                                               "__enter__", "__exit__")}
 
 
 def test_stub_matches_module():

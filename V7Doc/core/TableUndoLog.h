@@ -1,0 +1,155 @@
+#pragma once
+// What an undoable record table records: one log per table and step, a list
+// of slot operations each of which is its own inverse.
+//
+// - Replace: the slot's other version is kept in an image; undo and redo
+//   swap the two (a changed or deleted record).
+// - Push, Pop: a slot appended at the end or removed from it; the slot that
+//   is out of the table waits in an image.
+// - Swap: two slots exchanged by a full compaction (stored IDs follow their
+//   slot).
+// - Add, Delete, Renumber: the change notice the operation sent. Undo sends
+//   the opposite notice (a delete for an add, the inverted map for a
+//   renumbering), redo the same one, so that subscribers follow.
+//
+// Records are moved in and out of images, not copied, so that recording
+// costs little more than the edit. Records that follow the undo contract
+// (UndoEquality, UndoAssignment, UndoFreeMemory) are compared, assigned and
+// released through it.
+#include <algorithm>
+#include <cstdint>
+#include <utility>
+#include <vector>
+
+#include "V7Doc/core/IQVContainer.h"
+#include "V7Doc/core/UndoHistory.h"
+
+namespace v7 {
+
+namespace undo_detail {
+// Equal for undo: through UndoEquality when the record has one.
+template <class T>
+bool Equal(const T& a, const T& b) {
+  if constexpr (requires { a.UndoEquality(b); }) return a.UndoEquality(b) != 0;
+  else return a == b;
+}
+// Assigns for undo: through UndoAssignment when the record has one.
+template <class T>
+void Assign(T& to, const T& from) {
+  if constexpr (requires { to.UndoAssignment(from); }) to.UndoAssignment(from);
+  else to = from;
+}
+template <class T>
+void Free(T& rec) {
+  if constexpr (requires { rec.UndoFreeMemory(); }) (void)rec.UndoFreeMemory();
+}
+// The inverse of a compaction map: new ID -> old ID.
+std::vector<GID> InvertMap(const std::vector<GID>& renumber);
+}  // namespace undo_detail
+
+template <class T, class IDPolicy>
+class TableUndoLog final : public UndoEntry {
+ public:
+  enum class Kind : std::uint8_t { Replace, Push, Pop, Swap, Add, Delete, Renumber };
+
+  TableUndoLog(std::vector<T>& slots, const IQVContainer& table) : slots_(slots), table_(table) {}
+
+  // The slot's content before a change, moved out of it.
+  void Replace(std::size_t slot) {
+    ops_.push_back({Kind::Replace, static_cast<std::uint32_t>(slot), Image(std::move(slots_[slot]))});
+  }
+  void Push() { ops_.push_back({Kind::Push, 0, Image(T())}); }
+  // Call before the last slot is destroyed: it moves into the log.
+  void Pop() { ops_.push_back({Kind::Pop, 0, Image(std::move(slots_.back()))}); }
+  void Swap(std::size_t a, std::size_t b) {
+    ops_.push_back({Kind::Swap, static_cast<std::uint32_t>(a), static_cast<std::uint32_t>(b)});
+  }
+  void Notice(Kind kind, const std::vector<GID>& ids) {
+    ops_.push_back({kind, static_cast<std::uint32_t>(ids_.size()), static_cast<std::uint32_t>(ids.size())});
+    ids_.insert(ids_.end(), ids.begin(), ids.end());
+  }
+
+  void Undo() override {
+    for (std::size_t i = ops_.size(); i > 0; --i) Apply(ops_[i - 1], true);
+  }
+  void Redo() override {
+    for (const Op& op : ops_) Apply(op, false);
+  }
+  std::size_t Bytes() const override {
+    return sizeof(*this) + ops_.capacity() * sizeof(Op) + images_.capacity() * sizeof(T) +
+           ids_.capacity() * sizeof(GID);
+  }
+  void FreeMemory() override {
+    for (T& rec : images_) undo_detail::Free(rec);
+    std::vector<T>().swap(images_);
+    std::vector<Op>().swap(ops_);
+    std::vector<GID>().swap(ids_);
+  }
+  const void* Owner() const override { return &slots_; }
+
+ private:
+  struct Op {
+    Kind kind;
+    std::uint32_t a;  // slot (Replace, Swap), first notice ID
+    std::uint32_t b;  // image (Replace, Push, Pop), second slot (Swap), notice ID count
+  };
+
+  std::uint32_t Image(T&& rec) {
+    images_.push_back(std::move(rec));
+    return static_cast<std::uint32_t>(images_.size() - 1);
+  }
+
+  void Apply(const Op& op, bool undo) {
+    switch (op.kind) {
+      case Kind::Replace: std::swap(slots_[op.a], images_[op.b]); break;
+      case Kind::Push:
+      case Kind::Pop:
+        // Undoing a push and redoing a pop take the last slot out.
+        if ((op.kind == Kind::Push) == undo) {
+          images_[op.b] = std::move(slots_.back());
+          slots_.pop_back();
+        } else {
+          slots_.push_back(std::move(images_[op.b]));
+        }
+        break;
+      case Kind::Swap:
+        std::swap(slots_[op.a], slots_[op.b]);
+        Renumbered(op.a);
+        Renumbered(op.b);
+        break;
+      case Kind::Add:
+      case Kind::Delete: {
+        const std::vector<GID> ids(ids_.begin() + op.a, ids_.begin() + op.a + op.b);
+        if ((op.kind == Kind::Add) == undo) NotifyDelete(table_, Sorted(ids));
+        else NotifyAdd(table_, ids);
+        break;
+      }
+      case Kind::Renumber: {
+        const std::vector<GID> map(ids_.begin() + op.a, ids_.begin() + op.a + op.b);
+        NotifyIDUpdate(table_, undo ? undo_detail::InvertMap(map) : map);
+        break;
+      }
+    }
+  }
+
+  // A live record keeps its stored ID equal to its position + 1.
+  void Renumbered(std::uint32_t slot) {
+    if constexpr (IDPolicy::kStoresID)
+      if (!IDPolicy::IsMissing(slots_[slot])) IDPolicy::SetID(slots_[slot], slot + 1);
+  }
+  static std::vector<GID> Sorted(std::vector<GID> ids);
+
+  std::vector<T>& slots_;
+  const IQVContainer& table_;
+  std::vector<Op> ops_;
+  std::vector<T> images_;
+  std::vector<GID> ids_;
+};
+
+template <class T, class IDPolicy>
+std::vector<GID> TableUndoLog<T, IDPolicy>::Sorted(std::vector<GID> ids) {
+  std::sort(ids.begin(), ids.end());
+  return ids;
+}
+
+}  // namespace v7
