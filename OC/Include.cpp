@@ -49,6 +49,8 @@ class ForwardTable final : public TableOps {
   void* At(void* t, std::uint32_t id) const override { return o_.At(t, id); }
   void Clear(void* t) const override { o_.Clear(t); }
   void Place(void* t, std::uint32_t id, void* rec) const override { o_.Place(t, id, rec); }
+  void* OpenSlot(void* t, std::uint32_t id) const override { return o_.OpenSlot(t, id); }
+  void SealSlot(void* t, std::uint32_t id) const override { o_.SealSlot(t, id); }
   void ReserveCapacity(void* t, std::size_t n) const override { o_.ReserveCapacity(t, n); }
   std::size_t SlotBytes() const override { return o_.SlotBytes(); }
   void Copy(void* d, const void* s) const override { o_.Copy(d, s); }
