@@ -40,13 +40,18 @@ for name in "${targets[@]}"; do
        "${parallel[@]}" -print_final_stats=1 -artifact_prefix="fuzz/findings/$name-" \
        "$work/new" "fuzz/corpus/$name" > "$work/log" 2>&1; then
     cpu=$(( $(child_cpu) - start ))
-    runs=$(grep -ho "stat::number_of_executed_units: *[0-9]*" "$work/log" fuzz-*.log 2>/dev/null |
+    runs=$( (grep -ho "stat::number_of_executed_units: *[0-9]*" "$work/log" fuzz-*.log 2>/dev/null || true) |
            awk '{s += $2} END {print s + 0}')
     # Minimise: the union of the old corpus and the new inputs, reduced to
     # the inputs that add coverage.
     mkdir -p "$work/min"
-    "$target" -merge=1 -timeout=10 -malloc_limit_mb=1024 -rss_limit_mb=2048 \
-      "$work/min" "fuzz/corpus/$name" "$work/new" > "$work/merge.log" 2>&1
+    if ! "$target" -merge=1 -timeout=10 -malloc_limit_mb=1024 -rss_limit_mb=2048 \
+         "$work/min" "fuzz/corpus/$name" "$work/new" > "$work/merge.log" 2>&1; then
+      echo "$name: the merge failed; corpus left as it was, new inputs in $work/new"
+      tail -n 20 "$work/merge.log"
+      status=1
+      continue
+    fi
     rm -rf "fuzz/corpus/$name" && mv "$work/min" "fuzz/corpus/$name"
     awk -F'\t' -v t="$name" -v c="$cpu" -v r="$runs" 'BEGIN {OFS = "\t"}
       NR == 1 {print; next} $1 == t {$2 += c; $3 += r; found = 1} {print}
