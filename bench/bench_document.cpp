@@ -28,6 +28,11 @@
 //   busier machine than above); peak delta 81 MiB. Still left: placing
 //   rows into the table (tombstone then move, 12%), number parsing (13%),
 //   the functions' point transforms after load (4%).
+//   records built in their slot, enumeration names matched in UTF-8,
+//   constants' text by to_chars, the text buffer reserved from the last
+//   write: load 4.6-5.1x parse (peak delta 82 MiB, the parse tree alone 60),
+//   save 2.4x pugixml save (peak delta 17 MiB). Left in a load: the walk
+//   (values 21%, function point arrays 22%), the reference check (6%).
 #include <benchmark/benchmark.h>
 #include <malloc.h>
 #include <pugixml.hpp>

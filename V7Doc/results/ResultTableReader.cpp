@@ -210,7 +210,7 @@ gtl::status ReadResultTable(std::string_view text, std::wstring_view file,
       // The usual cell, a bare number up to its delimiter, is converted in
       // place; anything else (blanks before it, quotes, a sign, an empty
       // or bad cell) goes through the general field splitter below.
-      if (needed[f] && *p != '"' && *p != '+' && !IsBlank(*p)) {
+      if (needed[f] && p < c.end && *p != '"' && *p != '+' && !IsBlank(*p)) {
         double v = 0;
         const auto r = std::from_chars(p, c.end, v, std::chars_format::general);
         const char* q = r.ptr;
