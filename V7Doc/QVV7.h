@@ -9,11 +9,14 @@
 #include "V7Doc/core/IQVContainer.h"
 #include "V7Doc/core/QVContainerAssoc.h"
 #include "V7Doc/core/QVContainerManager.h"
+#include "V7Doc/core/TableUndoLog.h"
+#include "V7Doc/core/UndoHistory.h"
 #include "V7Doc/core/QVContainerPolicies.h"
 #include "V7Doc/core/QVContainerTable.h"
 
 #include "V7Doc/document/Associations.h"
 #include "V7Doc/document/FileInfo.h"
+#include "V7Doc/document/DocumentTransaction.h"
 #include "V7Doc/document/QVDocument.h"
 
 #include "V7Doc/analysis/ANALYSIS.h"
