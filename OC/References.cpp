@@ -355,16 +355,22 @@ void* ElementAt(const Member& m, void* field, std::uint64_t index) {
 }
 }  // namespace
 
-std::uint32_t* RefAt(const Member& m, void* field, const std::vector<RefVisitor::Frame>& frames) {
-  if (frames.empty() || frames[0].member != &m || !frames[0].has_index) return nullptr;
+void* RefTarget(const Member& m, void* field, const std::vector<RefVisitor::Frame>& frames,
+                std::size_t count) {
+  if (count == 0 || count > frames.size() || frames[0].member != &m || !frames[0].has_index) return nullptr;
   void* at = ElementAt(m, field, frames[0].index);
-  for (std::size_t k = 1; at && k < frames.size(); ++k) {
+  for (std::size_t k = 1; at && k < count; ++k) {
     const RefVisitor::Frame& f = frames[k];
     if (!f.member || f.member->traits.refs_in) return nullptr;  // a hook's references have no field
     void* inner = f.member->access ? f.member->access->Field(at) : nullptr;
     if (!inner) return nullptr;
     at = f.has_index ? ElementAt(*f.member, inner, f.index) : inner;
   }
+  return at;
+}
+
+std::uint32_t* RefAt(const Member& m, void* field, const std::vector<RefVisitor::Frame>& frames) {
+  void* at = RefTarget(m, field, frames, frames.size());
   if (!at) return nullptr;
   // A key map's entry holds its number beside its key.
   const RefVisitor::Frame& last = frames.back();

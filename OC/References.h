@@ -111,6 +111,10 @@ void ForEachRefIn(const Member& m, void* field, RefVisitor& visitor);
 // `m` at `field`) lead to, or nullptr when the way passes through something
 // that is not a plain field (a getter, a hook) or leads nowhere now.
 std::uint32_t* RefAt(const Member& m, void* field, const std::vector<RefVisitor::Frame>& frames);
+// What the first `count` of `frames` lead to (an element, a nested record,
+// a number), or nullptr.
+void* RefTarget(const Member& m, void* field, const std::vector<RefVisitor::Frame>& frames,
+                std::size_t count);
 // The plan of the elements of collection member `m` (their record type's,
 // or, for a list of numbers or a key map declared Ref, the member's own).
 const RefPlan& ElementRefPlan(const Member& m);

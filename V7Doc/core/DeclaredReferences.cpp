@@ -55,24 +55,74 @@ void SortByUsed(std::vector<Use>& uses, GID max_used) {
 }
 
 // The references one repair changed, site by site: undo writes the old
-// numbers back (newest first), redo the new ones. A site is found again by
-// its way from the collection, which the replay order keeps valid: each
-// entry finds the document as the repair left it (or found it).
+// numbers back and puts dropped list elements back (newest first), redo
+// does the repair again. A site is found again by its way from the
+// collection; replaying in order keeps that valid, each entry finding the
+// document as the repair left it (or found it). List positions are kept as
+// they are once the repair is done, so that the elements a repair drops
+// from a list go back one by one in reverse.
 class RepairLog final : public UndoEntry {
  public:
+  using Frames = std::vector<oc::RefVisitor::Frame>;
   RepairLog(const oc::Member& m, void* field) : m_(m), field_(field) {}
-  // False when the site cannot be found again by its way.
-  bool Add(const std::vector<oc::RefVisitor::Frame>& frames, std::uint32_t before, std::uint32_t after) {
-    if (!oc::RefAt(m_, field_, frames)) return false;
-    sites_.push_back({frames, before, after});
+
+  // Records the change of the reference that `frames` lead to (during the
+  // walk, before the change is written). False when it cannot be put back.
+  bool Add(const oc::RefSite& site, const Frames& frames, std::uint32_t before, std::uint32_t after) {
+    if (!oc::RefAt(m_, field_, frames)) return AddWhole(frames);
+    const std::size_t list = InnermostList(frames);
+    const bool dropped = after == 0 && list != kNone &&
+                         (list + 1 == frames.size() ||
+                          (site.member->traits.flags & meta::MetaDataTraits::DropWhenGone) != 0);
+    Site rec{Settled(frames), before, after, dropped ? list + 1 : 0, 0, {}};
+    if (dropped) {
+      // Several references of one element may go: the element drops once.
+      for (const Drop& d : drops_)
+        if (d.list == list && SamePrefix(d.frames, frames, list + 1)) return true;
+      const oc::Member& lm = *frames[list].member;
+      void* elem = oc::RefTarget(m_, field_, frames, list + 1);
+      if (lm.element_type == oc::ValueType::Struct && lm.record) {
+        rec.image = oc::OCObject(lm.record());
+        lm.record().Ops().copy(rec.image.get(), elem);
+      } else {
+        rec.number = *static_cast<const std::uint32_t*>(elem);
+      }
+      drops_.push_back({frames, list});
+    }
+    sites_.push_back(std::move(rec));
     return true;
   }
   bool Empty() const { return sites_.empty(); }
+
+  // A reference without a field of its own (a hook's): the whole table
+  // record that holds it is kept, once, as it was before the repair.
+  bool AddWhole(const Frames& frames) {
+    if (frames.empty() || !frames[0].member || !frames[0].member->table || !frames[0].member->record)
+      return false;
+    for (const Site& s : sites_)
+      if (s.whole && s.frames[0].index == frames[0].index) return true;
+    const oc::RecordType& type = frames[0].member->record();
+    Site rec{{frames[0]}, 0, 0, 0, 0, oc::OCObject(type)};
+    rec.whole = true;
+    type.Ops().copy(rec.image.get(), oc::RefTarget(m_, field_, frames, 1));
+    sites_.push_back(std::move(rec));
+    return true;
+  }
+
   void Undo() override {
-    for (std::size_t i = sites_.size(); i > 0; --i) Write(sites_[i - 1], sites_[i - 1].before);
+    for (std::size_t i = sites_.size(); i > 0; --i) {
+      Site& s = sites_[i - 1];
+      if (s.whole) SwapWhole(s);
+      else if (s.drop) Insert(s);
+      else Write(s, s.before);
+    }
   }
   void Redo() override {
-    for (const Site& s : sites_) Write(s, s.after);
+    for (Site& s : sites_) {
+      if (s.whole) SwapWhole(s);
+      else if (s.drop) Remove(s);
+      else Write(s, s.after);
+    }
   }
   std::size_t Bytes() const override {
     std::size_t n = sizeof(*this) + sites_.capacity() * sizeof(Site);
@@ -81,16 +131,103 @@ class RepairLog final : public UndoEntry {
   }
 
  private:
+  static constexpr std::size_t kNone = static_cast<std::size_t>(-1);
   struct Site {
-    std::vector<oc::RefVisitor::Frame> frames;
+    Frames frames;  // list positions as the repair leaves them
     std::uint32_t before, after;
+    std::size_t drop;      // 0, or the frame count of the dropped element
+    std::uint32_t number;  // a dropped number
+    oc::OCObject image;    // a dropped record, or the whole record
+    bool whole = false;    // image is the table record frames[0] names
   };
+  struct Drop {
+    Frames frames;  // as the walk met them
+    std::size_t list;
+  };
+
+  static bool IsList(const oc::RefVisitor::Frame& f) {
+    return f.has_index && f.member && f.member->seq && !f.member->table &&
+           f.member->seq->MaxSize() == static_cast<std::size_t>(-1);
+  }
+  static std::size_t InnermostList(const Frames& frames) {
+    for (std::size_t k = frames.size(); k > 0; --k)
+      if (IsList(frames[k - 1])) return k - 1;
+    return kNone;
+  }
+  static bool SamePrefix(const Frames& a, const Frames& b, std::size_t n) {
+    if (a.size() < n || b.size() < n) return false;
+    for (std::size_t k = 0; k < n; ++k)
+      if (a[k].member != b[k].member || a[k].index != b[k].index || a[k].has_index != b[k].has_index)
+        return false;
+    return true;
+  }
+  // The way as it will be once the walk has squeezed out the elements it
+  // drops before this one.
+  Frames Settled(const Frames& frames) const {
+    Frames out = frames;
+    for (std::size_t k = 0; k < frames.size(); ++k) {
+      if (!IsList(frames[k])) continue;
+      std::uint64_t before = 0;
+      for (const Drop& d : drops_)
+        if (d.list == k && SamePrefix(d.frames, frames, k) && d.frames[k].member == frames[k].member &&
+            d.frames[k].index < frames[k].index)
+          ++before;
+      out[k].index -= before;
+    }
+    return out;
+  }
+
+  void SwapWhole(Site& s) {
+    void* rec = oc::RefTarget(m_, field_, s.frames, 1);
+    if (!rec) return;
+    const oc::RecordOps& ops = s.image.type()->Ops();
+    oc::OCObject now(*s.image.type());
+    ops.copy(now.get(), rec);
+    ops.copy(rec, s.image.get());
+    s.image = std::move(now);
+  }
   void Write(const Site& s, std::uint32_t value) {
     if (std::uint32_t* p = oc::RefAt(m_, field_, s.frames)) *p = value;
   }
+  // The list the dropped element belongs to, and the element's position.
+  void* ListOf(const Site& s, const oc::Member*& lm, std::size_t& pos) const {
+    const std::size_t k = s.drop - 1;
+    lm = s.frames[k].member;
+    pos = static_cast<std::size_t>(s.frames[k].index);
+    if (k == 0) return field_;
+    void* owner = oc::RefTarget(m_, field_, s.frames, k);
+    return owner ? lm->access->Field(owner) : nullptr;
+  }
+  void Insert(const Site& s) {
+    const oc::Member* lm = nullptr;
+    std::size_t pos = 0;
+    void* list = ListOf(s, lm, pos);
+    if (!list) return;
+    const oc::SequenceOps& seq = *lm->seq;
+    const std::size_t n = seq.Size(list);
+    if (pos > n) return;
+    seq.Resize(list, n + 1);
+    for (std::size_t j = n; j > pos; --j) seq.MoveElement(list, j, j - 1);
+    void* elem = seq.At(list, pos);
+    if (s.image.get()) s.image.type()->Ops().copy(elem, s.image.get());
+    else *static_cast<std::uint32_t*>(elem) = s.number;
+  }
+  void Remove(const Site& s) {
+    const oc::Member* lm = nullptr;
+    std::size_t pos = 0;
+    void* list = ListOf(s, lm, pos);
+    if (!list) return;
+    const oc::SequenceOps& seq = *lm->seq;
+    const std::size_t n = seq.Size(list);
+    if (pos >= n) return;
+    for (std::size_t j = pos; j + 1 < n; ++j) seq.MoveElement(list, j, j + 1);
+    seq.Resize(list, n - 1);
+  }
+
   const oc::Member& m_;
   void* field_;
   std::vector<Site> sites_;
+  std::vector<Drop> drops_;
 };
 
 // Gives every reference a new number through `map`, recording each change
@@ -102,29 +239,16 @@ class Remapper final : public oc::RefVisitor {
     TrackPath(log != nullptr);
   }
   bool Wants(std::uint32_t c) const override { return c == container_; }
-  std::uint32_t Visit(const oc::RefSite&, std::uint32_t value) override {
+  std::uint32_t Visit(const oc::RefSite& site, std::uint32_t value) override {
     const std::uint32_t now = map_(value);
     if (now == value) return value;
     repair.changed = true;
-    if (!log_) {
-      repair.restorable = false;
-    } else if (now == 0 && InList()) {
-      // A cleared number in a list may take its element out of the list,
-      // which a site-by-site record cannot put back.
-      repair.restorable = false;
-    } else if (!log_->Add(Frames(), value, now)) {
-      repair.restorable = false;
-    }
+    if (!log_ || !log_->Add(site, Frames(), value, now)) repair.restorable = false;
     return now;
   }
   DeclaredReferences::Repair repair;
 
  private:
-  bool InList() const {
-    for (const Frame& f : Frames())
-      if (f.has_index && f.member && f.member->seq && !f.member->table) return true;
-    return false;
-  }
   GID container_;
   Map map_;
   RepairLog* log_;

@@ -141,6 +141,8 @@ void QVContainerManager::Clear() {
 }
 
 void QVContainerManager::FullCompact() {
+  // One undo step for the whole compaction, whichever tables record it.
+  UndoHistory::Scope step(history_.Recording() ? &history_ : nullptr, false);
   const auto containers = containers_;
   for (IQVContainer* c : containers) {
     if (!c) continue;

@@ -58,8 +58,11 @@ struct QVContainerOpPolicy {
 //
 // Which tables take part: those the user edits one record at a time and
 // whose records follow the undo contract or are named undoable: materials,
-// boundary conditions, climate data, thermosyphons, convective surfaces, and
-// the stability analyses' slip surfaces, surcharge and reinforcement loads.
+// boundary conditions, climate data, thermosyphons and convective surfaces.
+// The stability analyses' slip surfaces, surcharge and reinforcement loads
+// carry this policy too, but their tables live inside an analysis's
+// per-kind data, are not registered with the manager and so record
+// nothing yet: an edit of them is not undoable.
 // Analyses, function lists, 3-D functions, result sets and the geometry
 // tables keep the plain policy: their table types are fixed with it, a
 // geometry edit touches thousands of records at once (remeshing, import)

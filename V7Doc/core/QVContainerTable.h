@@ -49,7 +49,7 @@ class QVContainerTable : public Base {
     if (!slots_.empty() && !before(&rec, slots_.data()) && before(&rec, slots_.data() + slots_.size()))
       return Add(T(rec));  // `rec` lives in a slot that Compact may destroy
     UndoHistory* h = History();
-    UndoHistory::Scope scope(h);
+    op_scope scope(h);
     undo_log* log = Log(h);
     Trim(log);
     slots_.push_back(rec);
@@ -57,7 +57,7 @@ class QVContainerTable : public Base {
   }
   iterator Add(T&& rec) {
     UndoHistory* h = History();
-    UndoHistory::Scope scope(h);
+    op_scope scope(h);
     undo_log* log = Log(h);
     Trim(log);
     slots_.push_back(std::move(rec));
@@ -72,7 +72,7 @@ class QVContainerTable : public Base {
     T& slot = slots_[id - 1];
     if (undo_detail::Equal(slot, rec)) return true;
     UndoHistory* h = History();
-    UndoHistory::Scope scope(h);
+    op_scope scope(h);
     // `rec` is not the slot itself here (that would have been equal).
     if (undo_log* log = Log(h)) log->Replace(id - 1);
     undo_detail::Assign(slot, rec);
@@ -84,7 +84,7 @@ class QVContainerTable : public Base {
   // deleted IDs are skipped. Then trims trailing tombstones.
   void Delete(const std::vector<GID>& ids) {
     UndoHistory* h = History();
-    UndoHistory::Scope scope(h);
+    op_scope scope(h);
     undo_log* log = Log(h);
     std::vector<GID> deleted;
     for (GID id : ids) {
@@ -104,7 +104,7 @@ class QVContainerTable : public Base {
   // Destroys trailing tombstones. Never renumbers.
   virtual void Compact() {
     UndoHistory* h = History();
-    UndoHistory::Scope scope(h);
+    op_scope scope(h);
     Trim(Log(h));
   }
 
@@ -120,7 +120,7 @@ class QVContainerTable : public Base {
       return;
     }
     UndoHistory* h = History();
-    UndoHistory::Scope scope(h);
+    op_scope scope(h);
     undo_log* log = Log(h);
     // Swapping (rather than moving) keeps every slot whole, so that the
     // log can swap back: the slots between w and i are all tombstones.
@@ -190,7 +190,7 @@ class QVContainerTable : public Base {
   void Reserve(std::size_t n) {
     if (n < slots_.size()) return Shrink(n);
     UndoHistory* h = History();
-    UndoHistory::Scope scope(h);
+    op_scope scope(h);
     undo_log* log = Log(h);
     const std::size_t old = slots_.size();
     slots_.resize(n);
@@ -211,7 +211,7 @@ class QVContainerTable : public Base {
   void Resize(std::size_t n) {
     if (n < slots_.size()) return Shrink(n);
     UndoHistory* h = History();
-    UndoHistory::Scope scope(h);
+    op_scope scope(h);
     undo_log* log = Log(h);
     const std::size_t old = slots_.size();
     slots_.resize(n);
@@ -271,6 +271,10 @@ class QVContainerTable : public Base {
   };
   using undo_log =
       std::conditional_t<OpPolicy::kRecordsUndo, TableUndoLog<T, IDPolicy>, NoUndoLog>;
+  struct NoScope {
+    explicit NoScope(UndoHistory*) {}
+  };
+  using op_scope = std::conditional_t<OpPolicy::kRecordsUndo, UndoHistory::Scope, NoScope>;
 
   UndoHistory* History() const {
     if constexpr (OpPolicy::kRecordsUndo) return this->IsRegistered() ? RecordingHistoryOf(*this) : nullptr;
@@ -317,7 +321,7 @@ class QVContainerTable : public Base {
 
   void Shrink(std::size_t n) {
     UndoHistory* h = History();
-    UndoHistory::Scope scope(h);
+    op_scope scope(h);
     undo_log* log = Log(h);
     std::vector<GID> removed;
     if (this->IsRegistered())

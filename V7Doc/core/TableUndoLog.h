@@ -18,6 +18,7 @@
 // released through it.
 #include <algorithm>
 #include <cstdint>
+#include <deque>
 #include <utility>
 #include <vector>
 
@@ -58,7 +59,9 @@ class TableUndoLog final : public UndoEntry {
   void Replace(std::size_t slot) {
     ops_.push_back({Kind::Replace, static_cast<std::uint32_t>(slot), Image(std::move(slots_[slot]))});
   }
-  void Push() { ops_.push_back({Kind::Push, 0, Image(T())}); }
+  // The appended slot gets an image only when it is first taken out (by
+  // an undo), so that recording an add costs no record.
+  void Push() { ops_.push_back({Kind::Push, 0, kNoImage}); }
   // Call before the last slot is destroyed: it moves into the log.
   void Pop() { ops_.push_back({Kind::Pop, 0, Image(std::move(slots_.back()))}); }
   void Swap(std::size_t a, std::size_t b) {
@@ -73,21 +76,23 @@ class TableUndoLog final : public UndoEntry {
     for (std::size_t i = ops_.size(); i > 0; --i) Apply(ops_[i - 1], true);
   }
   void Redo() override {
-    for (const Op& op : ops_) Apply(op, false);
+    for (Op& op : ops_) Apply(op, false);
   }
   std::size_t Bytes() const override {
-    return sizeof(*this) + ops_.capacity() * sizeof(Op) + images_.capacity() * sizeof(T) +
+    return sizeof(*this) + ops_.capacity() * sizeof(Op) + images_.size() * sizeof(T) +
            ids_.capacity() * sizeof(GID);
   }
   void FreeMemory() override {
     for (T& rec : images_) undo_detail::Free(rec);
-    std::vector<T>().swap(images_);
+    images_.clear();
+    images_.shrink_to_fit();
     std::vector<Op>().swap(ops_);
     std::vector<GID>().swap(ids_);
   }
   const void* Owner() const override { return &slots_; }
 
  private:
+  static constexpr std::uint32_t kNoImage = 0xFFFFFFFFu;
   struct Op {
     Kind kind;
     std::uint32_t a;  // slot (Replace, Swap), first notice ID
@@ -99,14 +104,15 @@ class TableUndoLog final : public UndoEntry {
     return static_cast<std::uint32_t>(images_.size() - 1);
   }
 
-  void Apply(const Op& op, bool undo) {
+  void Apply(Op& op, bool undo) {
     switch (op.kind) {
       case Kind::Replace: std::swap(slots_[op.a], images_[op.b]); break;
       case Kind::Push:
       case Kind::Pop:
         // Undoing a push and redoing a pop take the last slot out.
         if ((op.kind == Kind::Push) == undo) {
-          images_[op.b] = std::move(slots_.back());
+          if (op.b == kNoImage) op.b = Image(std::move(slots_.back()));
+          else images_[op.b] = std::move(slots_.back());
           slots_.pop_back();
         } else {
           slots_.push_back(std::move(images_[op.b]));
@@ -142,7 +148,7 @@ class TableUndoLog final : public UndoEntry {
   std::vector<T>& slots_;
   const IQVContainer& table_;
   std::vector<Op> ops_;
-  std::vector<T> images_;
+  std::deque<T> images_;  // a deque: growing it moves no record
   std::vector<GID> ids_;
 };
 

@@ -120,18 +120,21 @@ class UndoHistory {
   void Resume() { --suspended_; }
 
   // An edit's implicit transaction: one table operation is one step unless
-  // a transaction is open. Does nothing for a null history.
+  // a transaction is open. Does nothing for a null history. `recorded`
+  // false only groups (a whole-document operation over tables that may
+  // not record): what it repairs counts as recorded only inside the
+  // operations of undoable tables.
   class Scope {
    public:
-    explicit Scope(UndoHistory* h) : h_(h) {
+    explicit Scope(UndoHistory* h, bool recorded = true) : h_(h), recorded_(recorded) {
       if (h_) {
         h_->Begin();
-        ++h_->in_edit_;
+        if (recorded_) ++h_->in_edit_;
       }
     }
     ~Scope() {
       if (h_) {
-        --h_->in_edit_;
+        if (recorded_) --h_->in_edit_;
         h_->Commit(std::wstring());
       }
     }
@@ -140,6 +143,7 @@ class UndoHistory {
 
    private:
     UndoHistory* h_;
+    bool recorded_;
   };
 
  private:
