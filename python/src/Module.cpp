@@ -18,6 +18,12 @@ array; ``Document.evaluate("HKFns[1]", x)`` evaluates a function of the
 project. ``Document.result_table(analysis, table)`` reads a result table into
 a dict of numpy columns.
 
+``Document.undo()`` and ``Document.redo()`` step through the document's undo
+history, and ``with doc.transaction("label"):`` makes the edits inside one step
+(an exception leaving the block takes them back). The history records the
+tables that take part in undo: materials, boundary conditions, climate data
+and the other tables the library marks so.
+
 Every failure raises ``qvv7.Error`` (a ValueError) with the library's message.
 )";
   namespace py = pybind11;
