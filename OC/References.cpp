@@ -355,11 +355,10 @@ void* ElementAt(const Member& m, void* field, std::uint64_t index) {
 }
 }  // namespace
 
-void* RefTarget(const Member& m, void* field, const std::vector<RefVisitor::Frame>& frames,
-                std::size_t count) {
-  if (count == 0 || count > frames.size() || frames[0].member != &m || !frames[0].has_index) return nullptr;
-  void* at = ElementAt(m, field, frames[0].index);
-  for (std::size_t k = 1; at && k < count; ++k) {
+namespace {
+// Follows frames [first, count) from `at`, a record.
+void* FollowFrames(void* at, const std::vector<RefVisitor::Frame>& frames, std::size_t first, std::size_t count) {
+  for (std::size_t k = first; at && k < count; ++k) {
     const RefVisitor::Frame& f = frames[k];
     if (!f.member || f.member->traits.refs_in) return nullptr;  // a hook's references have no field
     void* inner = f.member->access ? f.member->access->Field(at) : nullptr;
@@ -369,14 +368,33 @@ void* RefTarget(const Member& m, void* field, const std::vector<RefVisitor::Fram
   return at;
 }
 
-std::uint32_t* RefAt(const Member& m, void* field, const std::vector<RefVisitor::Frame>& frames) {
-  void* at = RefTarget(m, field, frames, frames.size());
+std::uint32_t* NumberAt(void* at, const std::vector<RefVisitor::Frame>& frames) {
   if (!at) return nullptr;
   // A key map's entry holds its number beside its key.
   const RefVisitor::Frame& last = frames.back();
   if (last.has_index && last.member->seq)
     if (std::uint32_t* value = last.member->seq->EntryValue(at)) return value;
   return static_cast<std::uint32_t*>(at);
+}
+}  // namespace
+
+void* RefTarget(const Member& m, void* field, const std::vector<RefVisitor::Frame>& frames,
+                std::size_t count) {
+  if (count == 0 || count > frames.size() || frames[0].member != &m || !frames[0].has_index) return nullptr;
+  return FollowFrames(ElementAt(m, field, frames[0].index), frames, 1, count);
+}
+
+void* RefTargetInRecord(void* record, const std::vector<RefVisitor::Frame>& frames, std::size_t count) {
+  if (count == 0 || count > frames.size()) return nullptr;
+  return FollowFrames(record, frames, 0, count);
+}
+
+std::uint32_t* RefAt(const Member& m, void* field, const std::vector<RefVisitor::Frame>& frames) {
+  return NumberAt(RefTarget(m, field, frames, frames.size()), frames);
+}
+
+std::uint32_t* RefAtInRecord(void* record, const std::vector<RefVisitor::Frame>& frames) {
+  return NumberAt(RefTargetInRecord(record, frames, frames.size()), frames);
 }
 
 void ForEachRefIn(const Member& m, void* field, RefVisitor& visitor) {

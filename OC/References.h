@@ -115,6 +115,10 @@ std::uint32_t* RefAt(const Member& m, void* field, const std::vector<RefVisitor:
 // a number), or nullptr.
 void* RefTarget(const Member& m, void* field, const std::vector<RefVisitor::Frame>& frames,
                 std::size_t count);
+// The same for a walk of a record's own references (ForEachRef over
+// OwnRefPlanOf): `frames` start at the members of `record`.
+std::uint32_t* RefAtInRecord(void* record, const std::vector<RefVisitor::Frame>& frames);
+void* RefTargetInRecord(void* record, const std::vector<RefVisitor::Frame>& frames, std::size_t count);
 // The plan of the elements of collection member `m` (their record type's,
 // or, for a list of numbers or a key map declared Ref, the member's own).
 const RefPlan& ElementRefPlan(const Member& m);

@@ -64,12 +64,15 @@ void SortByUsed(std::vector<Use>& uses, GID max_used) {
 class RepairLog final : public UndoEntry {
  public:
   using Frames = std::vector<oc::RefVisitor::Frame>;
-  RepairLog(const oc::Member& m, void* field) : m_(m), field_(field) {}
+  // `m` is the collection whose elements the walk went through, at
+  // `field`; null when the walk went through the references of the record
+  // at `field` itself (a document's own settings).
+  RepairLog(const oc::Member* m, void* field) : m_(m), field_(field) {}
 
   // Records the change of the reference that `frames` lead to (during the
   // walk, before the change is written). False when it cannot be put back.
   bool Add(const oc::RefSite& site, const Frames& frames, std::uint32_t before, std::uint32_t after) {
-    if (!oc::RefAt(m_, field_, frames)) return AddWhole(frames);
+    if (!NumberAt(frames)) return AddWhole(frames);
     const std::size_t list = InnermostList(frames);
     const bool dropped = after == 0 && list != kNone &&
                          (list + 1 == frames.size() ||
@@ -80,7 +83,7 @@ class RepairLog final : public UndoEntry {
       for (const Drop& d : drops_)
         if (d.list == list && SamePrefix(d.frames, frames, list + 1)) return true;
       const oc::Member& lm = *frames[list].member;
-      void* elem = oc::RefTarget(m_, field_, frames, list + 1);
+      void* elem = Target(frames, list + 1);
       if (lm.element_type == oc::ValueType::Struct && lm.record) {
         rec.image = oc::OCObject(lm.record());
         lm.record().Ops().copy(rec.image.get(), elem);
@@ -97,14 +100,14 @@ class RepairLog final : public UndoEntry {
   // A reference without a field of its own (a hook's): the whole table
   // record that holds it is kept, once, as it was before the repair.
   bool AddWhole(const Frames& frames) {
-    if (frames.empty() || !frames[0].member || !frames[0].member->table || !frames[0].member->record)
+    if (!m_ || frames.empty() || !frames[0].member || !frames[0].member->table || !frames[0].member->record)
       return false;
     for (const Site& s : sites_)
       if (s.whole && s.frames[0].index == frames[0].index) return true;
     const oc::RecordType& type = frames[0].member->record();
     Site rec{{frames[0]}, 0, 0, 0, 0, oc::OCObject(type)};
     rec.whole = true;
-    type.Ops().copy(rec.image.get(), oc::RefTarget(m_, field_, frames, 1));
+    type.Ops().copy(rec.image.get(), Target(frames, 1));
     sites_.push_back(std::move(rec));
     return true;
   }
@@ -178,7 +181,7 @@ class RepairLog final : public UndoEntry {
   }
 
   void SwapWhole(Site& s) {
-    void* rec = oc::RefTarget(m_, field_, s.frames, 1);
+    void* rec = Target(s.frames, 1);
     if (!rec) return;
     const oc::RecordOps& ops = s.image.type()->Ops();
     oc::OCObject now(*s.image.type());
@@ -187,15 +190,15 @@ class RepairLog final : public UndoEntry {
     s.image = std::move(now);
   }
   void Write(const Site& s, std::uint32_t value) {
-    if (std::uint32_t* p = oc::RefAt(m_, field_, s.frames)) *p = value;
+    if (std::uint32_t* p = NumberAt(s.frames)) *p = value;
   }
   // The list the dropped element belongs to, and the element's position.
   void* ListOf(const Site& s, const oc::Member*& lm, std::size_t& pos) const {
     const std::size_t k = s.drop - 1;
     lm = s.frames[k].member;
     pos = static_cast<std::size_t>(s.frames[k].index);
-    if (k == 0) return field_;
-    void* owner = oc::RefTarget(m_, field_, s.frames, k);
+    if (k == 0 && m_) return field_;
+    void* owner = k == 0 ? field_ : Target(s.frames, k);
     return owner ? lm->access->Field(owner) : nullptr;
   }
   void Insert(const Site& s) {
@@ -224,7 +227,14 @@ class RepairLog final : public UndoEntry {
     seq.Resize(list, n - 1);
   }
 
-  const oc::Member& m_;
+  void* Target(const Frames& frames, std::size_t count) const {
+    return m_ ? oc::RefTarget(*m_, field_, frames, count) : oc::RefTargetInRecord(field_, frames, count);
+  }
+  std::uint32_t* NumberAt(const Frames& frames) const {
+    return m_ ? oc::RefAt(*m_, field_, frames) : oc::RefAtInRecord(field_, frames);
+  }
+
+  const oc::Member* m_;
   void* field_;
   std::vector<Site> sites_;
   std::vector<Drop> drops_;
@@ -301,9 +311,8 @@ void DeclaredReferences::AppendUsage(GID self, GID container, UsageList& usage) 
 
 template <class Map>
 DeclaredReferences::Repair DeclaredReferences::Remap(GID container, Map map, UndoHistory* history) {
-  // Only a collection's elements have a way to their references.
   std::unique_ptr<RepairLog> log;
-  if (history && member_) log = std::make_unique<RepairLog>(*member_, field_);
+  if (history) log = std::make_unique<RepairLog>(member_, field_);
   Remapper<Map> r(container, map, log.get());
   Walk(r);
   if (log && !log->Empty()) history->Record(std::move(log));
