@@ -35,8 +35,17 @@ deps:
 configure: deps
 	cmake --preset $(PRESET)
 
+# After a release build, `python3 -c "import qvv7"` works for the user who
+# built: a .pth file in /usr/bin/python3's user site names the module's
+# folder, as an editable install would. `make clean` takes it away again.
+PY_USER_SITE = $(shell /usr/bin/python3 -m site --user-site 2>/dev/null)
+PY_PTH = $(PY_USER_SITE)/qvv7-build.pth
+
 build: configure
 	cmake --build --preset $(PRESET) -j $(JOBS)
+	@if [ "$(PRESET)" = release ] && [ -n "$(PY_USER_SITE)" ] && ls $(BUILD_DIR)/python/qvv7*.so >/dev/null 2>&1; then \
+	  mkdir -p "$(PY_USER_SITE)" && echo "$(abspath $(BUILD_DIR)/python)" > "$(PY_PTH)"; \
+	fi
 
 test: build
 	ctest --preset $(PRESET) --output-on-failure -j $(JOBS)
@@ -64,4 +73,5 @@ format:
 	git ls-files '*.h' '*.cpp' | xargs clang-format -i
 
 clean:
+	@if [ -n "$(PY_USER_SITE)" ] && grep -qsx "$(abspath build/release/python)" "$(PY_PTH)"; then rm -f "$(PY_PTH)"; fi
 	rm -rf build
