@@ -44,7 +44,8 @@ PY_PTH = $(PY_USER_SITE)/qvv7-build.pth
 build: configure
 	cmake --build --preset $(PRESET) -j $(JOBS)
 	@if [ "$(PRESET)" = release ] && [ -n "$(PY_USER_SITE)" ] && ls $(BUILD_DIR)/python/qvv7*.so >/dev/null 2>&1; then \
-	  mkdir -p "$(PY_USER_SITE)" && echo "$(abspath $(BUILD_DIR)/python)" > "$(PY_PTH)"; \
+	  { mkdir -p "$(PY_USER_SITE)" && echo "$(abspath $(BUILD_DIR)/python)" > "$(PY_PTH)"; } 2>/dev/null || \
+	    echo "make: could not write $(PY_PTH); set PYTHONPATH=$(abspath $(BUILD_DIR)/python) to import qvv7"; \
 	fi
 
 test: build
