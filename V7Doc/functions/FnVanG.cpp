@@ -25,14 +25,16 @@ void FnVanG::DeriveM() {
 
 gtl::status FnVanG::SetAttributes(const std::vector<FnAttr>& attrs) {
   gtl::status s = FnImpl::SetAttributes(attrs);
-  bool nSeen = false;
   for (const FnAttr& a : attrs) {
     if (a.Name == L"ResWC")
       ReadBounded(a, ResWC_, s, 0.0, 1.0);
-    else if (ReadShared(a, s, 1.0) && a.Name == L"N")
-      nSeen = true;
+    else
+      ReadShared(a, s, 1.0);
   }
-  if (nSeen) DeriveM();  // after the loop, so that N wins over an "M" given too
+  // M always follows N, after the loop: an "M" given is read and replaced,
+  // so that the text written (which has no "M") reads back to the same
+  // function, also when "N" is unset.
+  DeriveM();
   return s;
 }
 

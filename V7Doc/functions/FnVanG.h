@@ -21,7 +21,8 @@ class FnVanG : public FnFredXing {
   std::wstring Name() const override { return TypeName(); }
   FnImpl* Clone() const override { return new FnVanG(*this); }
   // Reads "A", "N", "SatWC" (at most 1.0), "ResWC", "SuctionLimit"; an "M"
-  // is read but the value derived from "N" wins.
+  // is read but always replaced by the value derived from "N" (none while
+  // "N" is unset).
   gtl::status SetAttributes(const std::vector<FnAttr>& attrs) override;
   double Calculate(const double* x, const double* y) const override;
   // Point by point through Calculate (not the Fredlund-Xing loop).
