@@ -104,54 +104,6 @@ TEST(UndoHistory, TableOperationsUndoAndRedoExactly) {
   }
 }
 
-// Transactions: grouping, nesting, abort, empty steps, the redo branch.
-TEST(UndoHistory, TransactionsGroupStepsAndAbortLeavesNoTrace) {
-  Fixture f;
-  f.Fill({"a"});
-  UndoHistory& h = f.h();
-
-  h.Begin();
-  f.items.Add(Item{0, "b"});
-  h.Begin();  // nested: joins the outer step
-  f.items.Change(1, Item{0, "A"});
-  EXPECT_FALSE(h.CanUndo());  // not while a transaction is open
-  EXPECT_TRUE(h.Commit(L"inner"));
-  EXPECT_TRUE(h.Commit(L"outer"));
-  EXPECT_EQ(h.UndoSteps(), 1u);
-  EXPECT_EQ(h.UndoLabel(), L"outer");
-
-  // An unchanged record costs nothing: no step.
-  f.items.Change(1, Item{0, "A", 99});
-  EXPECT_EQ(h.UndoSteps(), 1u);
-
-  // Abort takes back the innermost transaction only, and keeps no step.
-  const auto kept = f.items.Slots();
-  h.Begin();
-  f.items.Delete({1});
-  h.Begin();
-  f.items.Add(Item{0, "z"});
-  EXPECT_TRUE(h.Abort());
-  EXPECT_TRUE(h.Abort());
-  EXPECT_EQ(f.items.Slots(), kept);
-  EXPECT_EQ(h.UndoSteps(), 1u);
-  EXPECT_FALSE(h.Abort());
-
-  // Edits outside a transaction are steps of their own; a new edit after an
-  // undo drops the redo branch.
-  f.items.Add(Item{0, "c"});
-  f.items.Add(Item{0, "d"});
-  EXPECT_EQ(h.UndoSteps(), 3u);
-  EXPECT_TRUE(h.Undo());
-  EXPECT_TRUE(h.CanRedo());
-  f.items.Add(Item{0, "e"});
-  EXPECT_FALSE(h.CanRedo());
-  EXPECT_EQ(f.items.Size(), 4u);
-  while (h.Undo()) {
-  }
-  EXPECT_EQ(f.items.Size(), 1u);
-  EXPECT_EQ(f.items.At(1).name, "a");
-}
-
 // The bound on steps and bytes drops the oldest steps; freeing memory drops
 // everything and calls the records' UndoFreeMemory on the images.
 TEST(UndoHistory, BoundsAndFreeMemoryReleaseImages) {
