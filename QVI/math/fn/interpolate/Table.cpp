@@ -70,7 +70,21 @@ void Table::Transform() {
       ++i;
     }
   }
+  FindSpacing();
   Rebuild();
+}
+
+void Table::FindSpacing() {
+  const std::size_t n = u_.size();
+  evenlySpaced_ = false;
+  inverseSpacing_ = 0;
+  if (n < 3) return;
+  const double spacing = (u_.back() - u_.front()) / static_cast<double>(n - 1);
+  if (!(spacing > 0) || !std::isfinite(1.0 / spacing)) return;
+  for (std::size_t i = 1; i + 1 < n; ++i)
+    if (!(std::fabs(u_[i] - (u_.front() + spacing * static_cast<double>(i))) <= 0.25 * spacing)) return;
+  evenlySpaced_ = true;
+  inverseSpacing_ = 1.0 / spacing;
 }
 
 double Table::FromLogV(double v) const {
