@@ -3,7 +3,6 @@
 
 #include <gtest/gtest.h>
 
-#include <bit>
 #include <unistd.h>
 #include <zip.h>
 #include <algorithm>
@@ -200,22 +199,6 @@ TEST_F(DocumentFileTest, DeletedRowsKeepIdentifiers) {
       EXPECT_EQ(node.At(id).IsValid(), std::find(c.live.begin(), c.live.end(), id) != c.live.end()) << id;
   }
   EXPECT_EQ(loaded.SessionIDByAnalysisID(4), 3u);  // sessions renumbered densely on load
-}
-
-TEST_F(DocumentFileTest, DoublesReadBackBitIdentical) {
-  QVDocument doc;
-  std::vector<double> values{qvi::kNoValue, -0.0, 5e-324, 2.2250738585072014e-308, 0.1, 1.0 / 3.0};
-  for (int e = -1022; e <= 1023; e += 7) values.push_back(std::ldexp(1.0 + std::ldexp(1.0, -52) * e, e));
-  for (double v : values) doc.Geometry().Points().Add(Geom::Point{v, -v});
-  QVDocument back;
-  ASSERT_TRUE(DocumentFromXml(Xml(doc), back, L"mem").succeeded());
-  ASSERT_EQ(back.Geometry().Points().Size(), values.size());
-  for (std::size_t i = 0; i < values.size(); ++i) {
-    const auto& p = back.Geometry().Points().At(static_cast<GID>(i + 1));
-    const auto& q = doc.Geometry().Points().At(static_cast<GID>(i + 1));
-    EXPECT_EQ(std::bit_cast<std::uint64_t>(p.dX_), std::bit_cast<std::uint64_t>(q.dX_)) << values[i];
-    EXPECT_EQ(std::bit_cast<std::uint64_t>(p.dY_), std::bit_cast<std::uint64_t>(q.dY_)) << values[i];
-  }
 }
 
 TEST_F(DocumentFileTest, MalformedInputIsRefusedAndChangesNothing) {

@@ -357,6 +357,7 @@ TEST(MalformedInput, Packages) {
   std::ofstream(dir / "truncated.qvz", std::ios::binary) << good.substr(0, good.size() / 2);
   cases.push_back({{"not_zip.qvz", true, "Cannot open the package"}, dir / "not_zip.qvz"});
   cases.push_back({{"truncated.qvz", true, "Cannot open the package"}, dir / "truncated.qvz"});
+  cases.push_back({{"missing.qvz", true, "Cannot open the package"}, dir / "missing.qvz"});
   for (const auto& [c, path] : cases) Check(c, path);
   fs::remove_all(dir);
 }
