@@ -225,6 +225,11 @@ TEST(MalformedInput, InlineTexts) {
       {rows(16000, 1024000), huge(1024000)},
       {rows(0, 65536), huge(65536)},
       {rows(0, 4294967295u), huge(4294967295u)},
+      // A function table's text must build its function (a material's text
+      // that does not is kept, with a warning).
+      {"<QVDocument><Functions><Material><Hydraulic><KFns><KFn><ID>1</ID>\n<Fn>NoSuchKind(</Fn>"
+       "</KFn></KFns></Hydraulic></Material></Functions></QVDocument>",
+       "at Functions.Material.Hydraulic.KFns[1].Fn, line 2"},
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(c.xml.substr(0, 160));
