@@ -98,24 +98,11 @@ void WriteZip(const std::wstring& path, const std::vector<std::pair<std::string,
   for (const auto& [name, bytes] : entries) {
     const zip_int64_t i = zip_file_add(z, name.c_str(), zip_source_buffer(z, bytes.data(), bytes.size(), 0), 0);
     ASSERT_GE(i, 0);
-    if (name != "Document.xml")
+    if (name != "Document.xml") {
       ASSERT_EQ(zip_set_file_compression(z, static_cast<zip_uint64_t>(i), method, 0), 0);
+    }
   }
   ASSERT_EQ(zip_close(z), 0);
-}
-
-TEST(Package, HostileArchivesAreRefused) {
-  // An archive made by another tool with an entry that escapes.
-  const std::wstring path = TempPath("oc_evil.qvz");
-  WriteZip(path, {{"../../escape.txt", "x"}}, ZIP_CM_STORE);
-  Package p;
-  EXPECT_EQ(p.Open(path).id(), 31021u);
-  // Not a zip at all, and no file.
-  const std::wstring junk = TempPath("oc_junk.qvz");
-  ASSERT_TRUE(oc::package::WriteFileAtomic(junk, "not a zip").succeeded());
-  EXPECT_EQ(p.Open(junk).id(), 31020u);
-  EXPECT_EQ(p.Open(TempPath("oc_none.qvz")).id(), 31020u);
-  EXPECT_TRUE(p.List().empty());
 }
 
 TEST(Package, ReadLimitsBoundEachEntryAndTheWhole) {

@@ -116,27 +116,6 @@ TEST(PropertyEstimators, StressesFollowTheDocumentUnits) {
   EXPECT_NEAR(g(2000.0), 2325510.6965997813, 1e-9 * 2.3e6);
 }
 
-TEST(PropertyEstimators, TextsRoundTrip) {
-  // Texts with names and unset values read back to equal functions.
-  for (const wchar_t* text :
-       {L"FnEstGmax(InputParam=21,SampleMatlGmax=LooseGravel,GmaxEstMethod=Hardin,PI=12.5)",
-        L"FnEstEMod(SampleMatlEMod=Gravel,NExponent=0.4)", L"FnEstEMod(NExponent=)",
-        L"FnEstThermalKvsTemp(TCFrozen=2.25,SampleMatlThermalKvsTemp=ClayDensity125)",
-        L"FnEstThermalKvsVolWC(VolWCFnNum=3,Max=0.35,Min=0.01,NumPoints=9)",
-        L"FnEstLAI(SampleMatlLAI=Poor,NumPoints=7,FirstDaySeason=90,LastDaySeason=300,NumYears=3)",
-        L"FnEstShearNormal(IntactRockParam=7.5,GeologicalStrength=35,DisturbanceFactor=0.3,SigmaC=1.5e5)",
-        L"FnEstDampingRatio(OutputParam=2,PI=1e-3,ConfiningStress=7,OCR=1.25)"}) {
-    IFn fn, again;
-    ASSERT_TRUE(FnCreate(text, fn).succeeded()) << str::to_utf8(text);
-    ASSERT_TRUE(FnCreate(fn.as_wstring(), again).succeeded()) << str::to_utf8(fn.as_wstring());
-    EXPECT_EQ(again.as_wstring(), fn.as_wstring());
-    std::vector<FnAttr> a, b;
-    fn->GetAttributes(a);
-    again->GetAttributes(b);
-    EXPECT_EQ(a, b) << str::to_utf8(text);
-  }
-}
-
 TEST(PropertyEstimators, HoekBrownEnvelope) {
   // GSI 50, mi 10, D 0 (mpmath; the rounded mb 1.677, s 0.0039, a 0.506).
   const HoekBrown hb(10, 50, 0, 50000);

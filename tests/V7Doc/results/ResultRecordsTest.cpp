@@ -11,44 +11,6 @@
 namespace v7 {
 namespace {
 
-template <class T>
-std::string Write(T& rec) {
-  std::string xml;
-  EXPECT_TRUE(oc::xml::StringWrite(oc::Store(rec), xml).succeeded());
-  return xml;
-}
-
-template <class T>
-void ExpectRoundTrip(T rec) {
-  const std::string xml = Write(rec);
-  T back;
-  oc::xml::ReadReport report;
-  const gtl::status s = oc::xml::StringRead(xml, oc::Store(back), &report);
-  ASSERT_TRUE(s.succeeded()) << s.message_utf8() << "\n" << xml;
-  EXPECT_TRUE(report.messages.empty()) << report.messages[0].message_utf8();
-  EXPECT_TRUE(back == rec) << xml;
-  EXPECT_EQ(Write(back), xml);
-}
-
-TEST(ResultRecords, RoundTripThroughXml) {
-  // The contour round trip is in the whole-document tests.
-  ResultGraph g;
-  g.SetName(L"Flux <section> & \"toe\"");
-  g.SetDepParam(DataParamType::WaterFlux);
-  g.SetTimeSelection(ResultTimeSelection::SelectedTimes);
-  g.SetElapsedTimes({0.0, 86400.0, 1e-9});
-  g.SetSources({GGID(52, 1), GGID(0xFFFFFFFFu, 2)});
-  g.SetDampingRatio(0.02);
-  ExpectRoundTrip(g);
-  ExpectRoundTrip(CutLine{L"Crest profile", 10.25, 30.0, 10.25, -5.0, 41});
-  ResultSet set;
-  set.name_ = L"Drawdown day 5";
-  set.nStep_ = 12;
-  set.fFontSize_ = 11.5;
-  set.view_ = {-5.0, -10.0, 60.0, 25.0};
-  ExpectRoundTrip(set);
-}
-
 // Malformed values fail the read and leave the record as it was; values out
 // of a member's bounds are kept but warned about, naming the member.
 TEST(ResultRecords, BadValuesAreReportedWithTheirPath) {
