@@ -21,6 +21,7 @@
 #include "V7Doc/files/DocumentFile.h"
 #include "V7Doc/files/DocumentPaths.h"
 #include "V7Doc/files/DocumentSchema.h"
+#include "tests/OC/ReferenceDomWriter.h"
 
 namespace v7::files {
 namespace {
@@ -176,6 +177,8 @@ TEST(WholeDocument, GeneratedDocumentRoundTripsRecordByRecordAndByteForByte) {
       ADD_FAILURE() << "never filled: " << str::to_utf8(m->owner->Name() + L"." + m->name);
 
   const std::string first = Xml(doc);
+  // The direct writer's bytes are those of a DOM built for the same document.
+  EXPECT_EQ(first, octest::ReferenceDomWriter::Write(DocumentStore(doc)));
   QVDocument loaded;
   LoadReport report;
   const auto s = DocumentFromXml(first, loaded, L"generated", &report);
@@ -208,6 +211,7 @@ TEST(WholeDocument, DataInitResetsEveryMember) {
   fresh.DataInit();
   EXPECT_TRUE(Equal(doc, fresh));
   EXPECT_EQ(Xml(doc), Xml(fresh));
+  EXPECT_EQ(Xml(fresh), octest::ReferenceDomWriter::Write(DocumentStore(fresh)));
 }
 
 // Every collection path of the schema, from the root: the path resolves by
