@@ -9,12 +9,9 @@
 #include <unistd.h>
 #include <zip.h>
 
-#include "OC/Schema.h"
 #include "OC/package/AtomicFile.h"
 #include "OC/package/Package.h"
-#include "OC/xml/XML.h"
 #include "QVI/str/Convert.h"
-#include "tests/OC/TestRecords.h"
 
 namespace octest {
 namespace {
@@ -41,10 +38,7 @@ TEST(Package, EntryNamesMustStayInside) {
 }
 
 TEST(Package, SaveOpenListRead) {
-  RegisterTestTypes();
-  Doc d = SampleDoc();
-  std::string xml;
-  ASSERT_TRUE(oc::xml::StringWrite(oc::Store(d), xml).succeeded());
+  const std::string xml = "<TestDoc Version=\"7.1\">\n  <Title>\u00e9</Title>\n</TestDoc>\n";
   Package p;
   ASSERT_TRUE(p.Write(Package::kDocumentEntry, xml).succeeded());
   ASSERT_TRUE(p.Write(Package::JoinEntry(L"Analysis1", L"Heads.csv"), "x,y\n1,2\n").succeeded());
@@ -57,9 +51,7 @@ TEST(Package, SaveOpenListRead) {
   EXPECT_EQ(q.List(), (std::vector<std::wstring>{L"Analysis1/Heads.csv", L"Document.xml"}));
   std::string back;
   ASSERT_TRUE(q.Read(Package::kDocumentEntry, back).succeeded());
-  Doc loaded;
-  ASSERT_TRUE(oc::xml::StringRead(back, oc::Store(loaded)).succeeded());
-  EXPECT_TRUE(loaded == d);
+  EXPECT_EQ(back, xml);
   EXPECT_EQ(q.Read(L"missing.csv", back).id(), 31022u);
 }
 

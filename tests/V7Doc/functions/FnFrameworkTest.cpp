@@ -188,12 +188,6 @@ TEST(FnRange, MinMaxAndTrialValues) {
   }
 }
 
-}  // namespace
-}  // namespace v7
-
-namespace v7 {
-namespace {
-
 // Evaluating an array gives, bit for bit, what evaluating point by point
 // gives, for every kind with a loop of its own and on every path of it:
 // inside and outside the points, on the points, tails, log axes, NaN, and

@@ -1,6 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <string>
 
 #include "OC/Schema.h"
@@ -74,43 +73,6 @@ TEST(ResultRecords, BuiltFromAnalysisAndViewAndCleared) {
   EXPECT_EQ(c.Level(9), 50.0);
   EXPECT_DOUBLE_EQ((CutLine{L"", 1, 1, 4, 5}.Length()), 5.0);
   EXPECT_EQ((CutLine{L"", 1, 1, 1, 1}.Length()), qvi::kNoValue);
-}
-
-TEST(ResultRecords, ResultSetsFollowTheirAnalysisAndContour) {
-  QVDocument doc;
-  doc.DataInit();
-  for (int i = 0; i < 3; ++i) doc.Analyses().Add(ANALYSIS{});
-  for (int i = 0; i < 3; ++i) doc.ResultContours().Add(ResultContour{});
-  ResultSet s;
-  s.analysis_ = 3;
-  s.contour_ = 2;
-  doc.ResultSets().Add(s);
-  s.analysis_ = 1;
-  s.contour_ = 3;
-  doc.ResultSets().Add(s);
-  ResultGraph g;
-  g.SetSources({GGID(container::Analyses, 3), GGID(container::CutLines, 1)});
-  doc.ResultGraphs().Add(g);
-
-  UsageList usage;
-  doc.ContainerManager().GetUsageOf(container::Analyses, usage);
-  ASSERT_GE(usage.size(), 4u);
-  std::sort(usage[3].begin(), usage[3].end());
-  EXPECT_EQ(usage[3], (std::vector<GGID>{GGID(container::ResultGraphs, 1),
-                                         GGID(container::ResultSets, 1)}));
-  EXPECT_EQ(usage[1], (std::vector<GGID>{GGID(container::ResultSets, 2)}));
-
-  // Deleting analysis 1 clears set 2's reference; compaction renumbers 3 -> 2.
-  doc.Analyses().Delete({1});
-  EXPECT_EQ(doc.ResultSets().At(2).analysis_, 0u);
-  doc.ResultContours().Delete({1});
-  doc.ContainerManager().FullCompact();
-  EXPECT_EQ(doc.ResultSets().At(1).analysis_, 2u);
-  EXPECT_EQ(doc.ResultSets().At(1).contour_, 1u);
-  EXPECT_EQ(doc.ResultSets().At(2).contour_, 2u);
-  doc.ResultContours().Delete({2});
-  EXPECT_EQ(doc.ResultSets().At(2).contour_, 0u);
-  EXPECT_EQ(doc.ResultSets().At(1).contour_, 1u);
 }
 
 }  // namespace
