@@ -102,9 +102,11 @@ TEST(MalformedInput, Documents) {
       {"type_double_comma.xml", true, "\"10,5\" at GeometryItems.Points[2].X, line 27"},
       {"type_double_hex.xml", true, "\"0x1p3\" at GeometryItems.Points[2].X"},
       {"type_record_as_text.xml", false, "", "text beside the records of a table holds nothing to keep"},
-      // NaN in a member with bounds, and a number beyond the doubles (the other
-      // non-finite spellings, bytes that are not UTF-8, content outside the
-      // root and IDs beyond the slot budget are inline texts below).
+      // NaN and infinities in members that do not allow them.
+      {"nan.xml", true, "\"NaN\" at GeometryItems.Points[2].X, line 27, is not a finite number"},
+      {"nan_lower.xml", true, "\"nan\" at GeometryItems.Points[2].Y, line 28"},
+      {"inf.xml", true, "\"inf\" at GeometryItems.Points[2].X"},
+      {"minus_infinity.xml", true, "\"-Infinity\" at GeometryItems.Points[2].Y"},
       {"nan_bounded.xml", true, "\"NaN\" at Analyses[1].OptimizationTolerance, line 9"},
       {"overflow_double.xml", true, "\"1e999\" at GeometryItems.Points[2].X"},
       // Nesting: unknown elements are skipped whole, however deep.
@@ -124,6 +126,8 @@ TEST(MalformedInput, Documents) {
       {"dup_point_id.xml", true, "Duplicate ID 1 in GeometryItems.Points"},
       {"dup_member.xml", false, "", "a repeated member is read in order, the last one wins, as a later edit would", L"Slope"},
       {"id_zero.xml", true, "Invalid ID \"0\" in Analyses"},
+      {"id_huge.xml", true, "ID 1024000 in Analyses, line 13, is beyond"},
+      {"id_max.xml", true, "ID 4294967295 in Analyses"},
       {"id_missing.xml", false, "has no ID; it is given ID 2", "the record is kept in the next free slot"},
       // Names.
       {"wrong_root.xml", true, "\"QVDoc\" where \"QVDocument\""},
@@ -138,8 +142,15 @@ TEST(MalformedInput, Documents) {
       {"wrong_case_enum.xml", false, "", "enumeration names match without regard to case, after an exact match"},
       {"no_version.xml", false, "", "a document without a version is read as the current format"},
       // Encodings.
+      {"utf8_invalid_byte.xml", true, "Analyses[1].Name, line 6, is not valid UTF-8 (byte 4)"},
+      {"utf8_overlong.xml", true, "Analyses[1].Name, line 6, is not valid UTF-8 (byte 1)"},
+      {"utf8_surrogate.xml", true, "is not valid UTF-8"},
       {"utf8_in_element_name.xml", false, "Unknown element", "an element of no known name is skipped and said so"},
       {"utf16_bom.xml", true, "line"},
+      // Outside the root.
+      {"after_root_element.xml", true, "Content outside the root element, line 33: element <QVDocument>"},
+      {"after_root_text.xml", true, "text \"trailing text"},
+      {"before_root_text.xml", true, "text \"junk"},
       {"nul_byte_in_text.xml", true, "line"},
   };
   std::size_t files = 0;
