@@ -1,4 +1,4 @@
-// Damaged documents and packages: refused naming what and
+// Damaged documents, packages and result tables: refused naming what and
 // where with the caller's document untouched, or accepted for a stated reason.
 #include <gtest/gtest.h>
 
@@ -15,6 +15,7 @@
 #include "QVI/str/Convert.h"
 #include "V7Doc/document/QVDocument.h"
 #include "V7Doc/files/DocumentFile.h"
+#include "V7Doc/results/ResultTableReader.h"
 
 namespace v7::files {
 namespace {
@@ -251,6 +252,50 @@ TEST(MalformedInput, InlineTexts) {
     ASSERT_EQ(doc.Analyses().Size(), 1u);
     EXPECT_EQ(doc.Analyses().At(1).name, L"kept");
   }
+}
+
+TEST(MalformedInput, ResultTables) {
+  const struct {
+    const char* file;
+    bool refused;
+    const char* part;
+    std::size_t rows = 0;  // accepted: the rows read
+  } cases[] = {
+      {"valid.csv", false, "", 2},
+      {"missing_column.csv", true, "Y"},
+      {"unknown_quantities_only.csv", true, "X"},
+      {"short_row.csv", true, "row 3"},
+      {"not_a_number.csv", true, "row 2"},
+      {"nan_cell.csv", true, "row 2"},
+      {"inf_cell.csv", true, "row 2"},
+      {"overflow_cell.csv", true, "row 2"},
+      {"unclosed_quote.csv", true, "row 2"},
+      {"duplicate_column.csv", true, "X"},
+      {"empty.csv", true, "no header row"},
+      {"header_only.csv", false, "", 0},            // a table with no rows yet
+      {"truncated_mid_row.csv", false, "", 2},      // the empty cell is the no-value marker
+      {"quoted_decimal_comma.csv", true, "row 2"},
+      {"bom_crlf_blank_rows.csv", false, "", 2},    // the mark, "\r\n" and blank rows are skipped
+      {"garbage_in_unread_column.csv", false, "", 1},  // a column nobody reads is not read
+      {"nul_in_cell.csv", true, "row 2"},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.file);
+    const std::string text = Slurp(DataDir() / "csv" / c.file);
+    result::ResultTable table;
+    const gtl::status s =
+        result::ReadResultTable(text, str::to_wstring(c.file), {DataParamType::X, DataParamType::Y}, table);
+    if (c.refused) {
+      ASSERT_TRUE(s.failed()) << "accepted";
+      EXPECT_NE(s.message_utf8().find(c.file), std::string::npos) << s.message_utf8();
+      EXPECT_NE(s.message_utf8().find(c.part), std::string::npos) << s.message_utf8();
+      continue;
+    }
+    ASSERT_TRUE(s.succeeded()) << s.message_utf8();
+    EXPECT_EQ(table.Rows(), c.rows);
+  }
+  EXPECT_EQ(static_cast<std::size_t>(std::distance(fs::directory_iterator(DataDir() / "csv"), {})),
+            std::size(cases));
 }
 
 TEST(MalformedInput, Packages) {

@@ -198,6 +198,7 @@ TEST(IFn, ArrayEvaluationEqualsPointByPoint) {
       L"Linear()", L"Linear(SlopeBefore=1,SlopeAfter=-2)", L"Step()", L"Spline()", L"Spline(Tension=5)",
       L"SplineGEZero()", L"HydKFn()", L"Fredlund_Xing(A=100,N=2,M=1,SatWC=0.45)",
       L"Fredlund_Xing(N=2,M=1,SatWC=0.45)", L"Van_Genuchten(A=10,N=1.5,SatWC=0.4,ResWC=0.05)", L"Constant(Y=3)",
+      L"FnEstDynPWP()", L"FnEstGReduction(PI=20)", L"FnEstVolWC(SatWC=0.4)", L"FnEstThermalKvsTemp()",
   };
   std::vector<double> in = {std::nan(""), -1e7, -2e6, -3.5, -3, -2.2, -1, -0.3, 0, 1e-9, 1.7, 2, 4.99, 6, 6.5, 1e3};
   for (const double x : {-1e4, -250.0, -17.0, -0.01}) in.push_back(x);

@@ -65,13 +65,24 @@ void NearestPoints::Find(double x, double y, std::size_t k, std::vector<std::uin
       }
     }
   };
+  // Ring r is the border of the (2r+1)-square of cells around the query's
+  // cell, clipped to the grid: a query near one end of a long, thin grid
+  // would otherwise walk thousands of empty rings outside it (points
+  // clustered at one end of a wide extent made each query cost millions of
+  // visits). The walk ends when the ring has covered the whole grid.
   for (std::int32_t r = 0; r <= maxRing; ++r) {
+    const std::int32_t i0 = ci - r, i1 = ci + r, j0 = cj - r, j1 = cj + r;
     if (r == 0) {
       visit(ci, cj);
     } else {
-      for (std::int32_t i = ci - r; i <= ci + r; ++i) visit(i, cj - r), visit(i, cj + r);
-      for (std::int32_t j = cj - r + 1; j <= cj + r - 1; ++j) visit(ci - r, j), visit(ci + r, j);
+      const std::int32_t ilo = std::max(i0, 0), ihi = std::min(i1, nx_ - 1);
+      const std::int32_t jlo = std::max(j0 + 1, 0), jhi = std::min(j1 - 1, ny_ - 1);
+      if (j0 >= 0) for (std::int32_t i = ilo; i <= ihi; ++i) visit(i, j0);
+      if (j1 < ny_) for (std::int32_t i = ilo; i <= ihi; ++i) visit(i, j1);
+      if (i0 >= 0) for (std::int32_t j = jlo; j <= jhi; ++j) visit(i0, j);
+      if (i1 < nx_) for (std::int32_t j = jlo; j <= jhi; ++j) visit(i1, j);
     }
+    if (i0 <= 0 && j0 <= 0 && i1 >= nx_ - 1 && j1 >= ny_ - 1) break;
     // Cells beyond ring r lie at least r cell widths from the query.
     if (best.size() == k && best.top().first <= (r * cell) * (r * cell)) break;
   }

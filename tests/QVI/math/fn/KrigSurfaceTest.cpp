@@ -152,7 +152,12 @@ TEST(NearestPoints, AgreesWithABruteForceSearch) {
   for (std::size_t i = 0; i < 1000; ++i) clustered[i].x *= 0.01, clustered[i].y *= 0.01;
   std::vector<Point3D> line;
   for (int i = 0; i < 500; ++i) line.push_back({i * 0.5, 2.0, 0});
-  for (const auto* pts : {&clustered, &line}) {
+  // Most points at one end of a wide, thin extent: the grid is long and
+  // nearly every query has to reach the far end.
+  std::vector<Point3D> skewed = Field(60, 3);
+  for (auto& p : skewed) p.x *= 1e-4, p.y *= 1e-4;
+  skewed.push_back({3.1e7, 0.01, 1});
+  for (const auto* pts : {&clustered, &line, &skewed}) {
     NearestPoints grid;
     grid.Build(*pts);
     std::mt19937 rng(9);
