@@ -162,12 +162,12 @@ TEST(MalformedInput, Documents) {
   EXPECT_EQ(static_cast<std::size_t>(std::distance(fs::directory_iterator(DataDir() / "xml"), {})), files);
 }
 
-// Hostile texts given inline: refused with the message part named, the
-// document untouched; or (part nullptr) read. Numbers that are not finite
-// in every spelling, whatever stands outside the root, bytes that are not
-// UTF-8, and IDs so far beyond the rows that the table would allocate a
-// slot for every number below them (allowed: as many empty slots as the
-// table has records, or 1024).
+// Hostile texts given inline, beside the files above: refused with the
+// message part named, the document untouched; or (part nullptr) read. The
+// other spellings of numbers that are not finite, in a value array too;
+// whatever else stands outside the root; more bytes that are not UTF-8;
+// and IDs just within and beyond the budget of empty slots (as many as the
+// table has records, or 1024, and in all proportional to the text).
 TEST(MalformedInput, InlineTexts) {
   const auto point = [](const std::string& x) {
     return "<QVDocument><GeometryItems><Points><Point><ID>1</ID>\n<X>" + x +
@@ -194,24 +194,15 @@ TEST(MalformedInput, InlineTexts) {
     std::string xml;
     std::optional<std::string> part;  // refused with this; nullopt: read
   } cases[] = {
-      {point("NaN"), "\"NaN\" at GeometryItems.Points[1].X, line 2, is not a finite number"},
-      {point("nan"), "\"nan\" at GeometryItems.Points[1].X"},
-      {point("inf"), "\"inf\" at"},
       {point("INF"), "\"INF\" at"},
-      {point("-Infinity"), "\"-Infinity\" at"},
       {point(" -nan "), "is not a finite number"},
       {times, "at Contour.ResultGraphs[1].ElapsedTimes[1], line 2, is not a finite number"},
-      {"<QVDocument/>\n<QVDocument/>", "line 2: element <QVDocument>"},
       {"<QVDocument/>\n\n<Other><x/></Other>", "line 3: element <Other>"},
-      {"<QVDocument/>trailing", "text \"trailing\""},
       {"<QVDocument/>&amp;", "text \"&\""},
-      {"junk<QVDocument/>", "text \"junk\""},
       {"<QVDocument/><![CDATA[x]]>", "text \"x\""},
       {"<?xml version=\"1.0\"?>\n<QVDocument/>\n<!-- a comment -->\n  \n", std::nullopt},
       {"\n  <QVDocument/>  \n<?pi after?>", std::nullopt},
       {name("ab\xff"), "Analyses[1].Name, line 2, is not valid UTF-8 (byte 3)"},
-      {name("\xc0\xaf"), "(byte 1)"},  // an overlong "/"
-      {name("x\xed\xa0\x80"), "(byte 2)"},  // a surrogate
       {name("\xf4\x90\x80\x80"), "(byte 1)"},  // above U+10FFFF
       {name("\xe2\x82"), "(byte 1)"},
       {name("\x80"), "(byte 1)"},
@@ -224,7 +215,6 @@ TEST(MalformedInput, InlineTexts) {
       {rows(3000, 6003), huge(6003)},
       {rows(16000, 1024000), huge(1024000)},
       {rows(0, 65536), huge(65536)},
-      {rows(0, 4294967295u), huge(4294967295u)},
       // A function table's text must build its function (a material's text
       // that does not is kept, with a warning).
       {"<QVDocument><Functions><Material><Hydraulic><KFns><KFn><ID>1</ID>\n<Fn>NoSuchKind(</Fn>"
