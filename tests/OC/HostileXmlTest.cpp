@@ -49,44 +49,6 @@ TEST_F(HostileXml, NonFiniteNumbersAreRefusedUnlessAllowed) {
   EXPECT_TRUE(std::isnan(back.items_.At(1).fValue_));
 }
 
-// An enumeration name this version does not know reads as undefined with
-// a warning, and is written back as read, wherever it stood, so that a load
-// and a save lose nothing; a member set since to a known value is written
-// as that value.
-TEST_F(HostileXml, UnknownEnumerationNamesAreWrittenBackAsRead) {
-  const std::string xml =
-      "<TestDoc>\n<DefaultKind> Granite </DefaultKind>\n<Layers><Layer><ID>2</ID><Kind>Gneiss &amp; co</Kind>"
-      "</Layer><Layer><ID>5</ID><Kind>Sand</Kind></Layer></Layers></TestDoc>";
-  Doc d;
-  oc::xml::ReadReport r;
-  ASSERT_TRUE(oc::xml::StringRead(xml, oc::Store(d), &r).succeeded());
-  ASSERT_EQ(r.messages.size(), 2u);
-  EXPECT_EQ(r.messages[0].id(), 31013u);
-  EXPECT_EQ(d.eDefaultKind_, Kind::None);
-  EXPECT_EQ(d.layers_.At(2).eKind_, Kind::None);
-  EXPECT_EQ(r.kept.size(), 2u);
-  std::string out;
-  ASSERT_TRUE(oc::xml::StringWrite(oc::Store(d), out, &r.kept).succeeded());
-  EXPECT_NE(out.find("<DefaultKind> Granite </DefaultKind>"), std::string::npos) << out;
-  EXPECT_NE(out.find("<Kind>Gneiss &amp; co</Kind>"), std::string::npos) << out;
-  // Read again: the same names, the same warnings, the same bytes.
-  Doc back;
-  oc::xml::ReadReport again;
-  ASSERT_TRUE(oc::xml::StringRead(out, oc::Store(back), &again).succeeded());
-  EXPECT_EQ(again.kept, r.kept);
-  std::string twice;
-  ASSERT_TRUE(oc::xml::StringWrite(oc::Store(back), twice, &again.kept).succeeded());
-  EXPECT_EQ(twice, out);
-  // Without the kept texts the undefined value is written as such; a
-  // member given a known value since is written as that value.
-  ASSERT_TRUE(oc::xml::StringWrite(oc::Store(d), out).succeeded());
-  EXPECT_EQ(out.find("Granite"), std::string::npos);
-  d.layers_.At(2).eKind_ = Kind::Rock;
-  ASSERT_TRUE(oc::xml::StringWrite(oc::Store(d), out, &r.kept).succeeded());
-  EXPECT_EQ(out.find("Gneiss"), std::string::npos);
-  EXPECT_NE(out.find("<Kind>Rock</Kind>"), std::string::npos);
-}
-
 // XML cannot carry a NUL, not even as a character reference: a text that
 // holds one is refused by Set and fails the write, naming where it is,
 // instead of being cut at the NUL.
