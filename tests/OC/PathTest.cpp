@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <cmath>
+
 #include "OC/Path.h"
 #include "OC/Registry.h"
 #include "OC/Schema.h"
@@ -92,6 +94,23 @@ TEST_F(Paths, SetConvertsChecksAndStores) {
 
   EXPECT_EQ(Node(L"Items[2].Label").Set(std::wstring_view(L"x")).id(), 31000u);  // read-only
   EXPECT_EQ(Node(L"Layers[1]").Set(1.0).id(), 31000u);  // a record holds no one value
+
+  // NaN and the infinities, as text in every spelling and as doubles, only
+  // in a member declared to allow them.
+  oc::IOC tolerance = Node(L"Tolerance");
+  for (const wchar_t* text : {L"NaN", L"nan", L"inf", L"-Infinity", L"INF", L" -nan "}) {
+    const gtl::status set = tolerance.Set(std::wstring_view(text));
+    EXPECT_EQ(set.id(), 31063u) << set.message_utf8();
+    EXPECT_NE(set.message().find(L"Tolerance"), std::wstring::npos);
+  }
+  EXPECT_EQ(tolerance.Set(std::nan("")).id(), 31063u);
+  EXPECT_EQ(tolerance.Set(-HUGE_VAL).id(), 31063u);
+  EXPECT_EQ(doc.fTolerance_, SampleDoc().fTolerance_);
+  EXPECT_TRUE(Node(L"Items[2].Value").Set(std::wstring_view(L"nan")).succeeded());
+  EXPECT_TRUE(std::isnan(doc.items_.At(2).fValue_));
+  // XML cannot carry a NUL, not even as a character reference.
+  EXPECT_EQ(Node(L"Layers[3].Name").Set(std::wstring_view(L"left\0right", 10)).id(), 31065u);
+  EXPECT_EQ(doc.layers_.At(3).name_, L"Layer 3");
 }
 
 TEST_F(Paths, BadPathsNameTheFailingStep) {

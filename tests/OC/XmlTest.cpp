@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <bit>
+#include <cmath>
 #include <cstring>
 #include <limits>
 #include <random>
@@ -150,6 +151,30 @@ TEST_F(Xml, UnknownElementsAreWarnedAndSkipped) {
     EXPECT_NE(r.messages[i].message().find(want[i].part), std::wstring::npos)
         << r.messages[i].message_utf8();
   }
+}
+
+// A member declared to allow non-finite numbers reads and writes them back.
+// A text holding a NUL (set behind the framework's back) fails the write,
+// naming where it is, instead of being cut at the NUL.
+TEST_F(Xml, NonFiniteWhereAllowedAndNoNulAnywhere) {
+  Doc d;
+  ASSERT_TRUE(oc::xml::StringRead("<TestDoc><Items><Item><ID>1</ID><Value>-inf</Value></Item><Item><ID>2</ID>"
+                                  "<Value>nan</Value></Item></Items></TestDoc>",
+                                  oc::Store(d))
+                  .succeeded());
+  EXPECT_EQ(d.items_.At(1).fValue_, -HUGE_VAL);
+  Doc back;
+  ASSERT_TRUE(oc::xml::StringRead(Write(d), oc::Store(back)).succeeded());
+  EXPECT_EQ(back.items_.At(1).fValue_, -HUGE_VAL);
+  EXPECT_TRUE(std::isnan(back.items_.At(2).fValue_));
+
+  d = SampleDoc();
+  d.layers_.At(3).name_ = std::wstring(L"left\0right", 10);
+  std::string xml = "unchanged";
+  const gtl::status s = oc::xml::StringWrite(oc::Store(d), xml);
+  EXPECT_EQ(s.id(), 31065u);
+  EXPECT_NE(s.message().find(L"Layers[3].Name"), std::wstring::npos) << s.message_utf8();
+  EXPECT_TRUE(xml.empty());
 }
 
 TEST_F(Xml, FileReadAndWrite) {

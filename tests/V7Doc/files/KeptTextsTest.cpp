@@ -1,6 +1,8 @@
 // Unknown enumeration names ride with their records: through deletion of
 // others, compaction and the deletion of their own record, a save writes
-// each text in the record it was read in, and in no other.
+// each text in the record it was read in, as it was read (blanks and
+// escapes included), and in no other; a member given a known value since
+// is written as that value.
 #include <gtest/gtest.h>
 
 #include <regex>
@@ -29,26 +31,30 @@ std::string NamesAndMethods(const std::string& xml) {
 
 TEST(KeptTexts, FollowTheirRecords) {
   const std::string xml = "<QVDocument Version=\"1.0\"><Analyses>" + Analysis(1, "A", "Spencer") +
-                          Analysis(2, "B", "QuasiStatic") + Analysis(3, "C", "Bogus") + "</Analyses></QVDocument>";
+                          Analysis(2, "B", "QuasiStatic") + Analysis(3, "C", " Bogus &amp; co ") +
+                          "</Analyses></QVDocument>";
   struct Case {
     const char* what;
     void (*edit)(QVDocument&);
     const char* saved;
   } cases[] = {
-      {"as read", [](QVDocument&) {}, "A=Spencer;B=QuasiStatic;C=Bogus;"},
+      {"as read", [](QVDocument&) {}, "A=Spencer;B=QuasiStatic;C= Bogus &amp; co ;"},
       {"compaction moves both down",
        [](QVDocument& d) {
          d.Analyses().Delete({1});
          d.ContainerManager().FullCompact();
        },
-       "B=QuasiStatic;C=Bogus;"},
+       "B=QuasiStatic;C= Bogus &amp; co ;"},
       {"a deleted record takes its text along",
        [](QVDocument& d) {
          d.Analyses().Delete({2});
          d.ContainerManager().FullCompact();
        },
-       "A=Spencer;C=Bogus;"},
+       "A=Spencer;C= Bogus &amp; co ;"},
       {"a cleared document keeps none", [](QVDocument& d) { d.DataInit(); }, ""},
+      {"a member given a known value since is written as that value",
+       [](QVDocument& d) { d.Analyses().At(2).method = AnlsMethod::Spencer; },
+       "A=Spencer;B=Spencer;C= Bogus &amp; co ;"},
   };
   for (const Case& c : cases) {
     SCOPED_TRACE(c.what);
@@ -58,6 +64,12 @@ TEST(KeptTexts, FollowTheirRecords) {
     std::string saved;
     ASSERT_TRUE(DocumentToXml(doc, saved).succeeded());
     EXPECT_EQ(NamesAndMethods(saved), c.saved) << saved;
+    // Read again: the same names, the same bytes.
+    QVDocument again;
+    std::string twice;
+    ASSERT_TRUE(DocumentFromXml(saved, again, L"saved.xml").succeeded());
+    ASSERT_TRUE(DocumentToXml(again, twice).succeeded());
+    EXPECT_EQ(twice, saved);
   }
 }
 
