@@ -61,15 +61,7 @@ void ThroughIFn(benchmark::State& state, const wchar_t* text, double lo, double 
 }
 
 void ThroughIFnArray(benchmark::State& state, const wchar_t* text, double lo, double hi, bool log) {
-  const v7::IFn fn = Make(text);
-  const auto q = Inputs(lo, hi, log);
-  std::vector<double> out(q.size());
-  for (auto _ : state) {
-    fn.Evaluate(q, out);
-    benchmark::DoNotOptimize(out.data());
-    benchmark::ClobberMemory();
-  }
-  state.SetItemsProcessed(state.iterations() * kQueries);
+  bench::WholeArray(state, bench::MakeUpdated(text), Inputs(lo, hi, log));
 }
 
 void Inline(benchmark::State& state, const wchar_t* text, double lo, double hi, bool log) {
