@@ -23,9 +23,15 @@ FnTimeHistory::FnTimeHistory(const wchar_t* name, DataParamType output) : name_(
 }
 
 gtl::status FnTimeHistory::SetAttributes(const std::vector<FnAttr>& attrs) {
-  for (const FnAttr& a : attrs)
-    if ((a.Name == L"InputParam" || a.Name == L"OutputParam") && str::trim(a.Value).empty())
+  // Unset would not survive a save: the writer leaves an undefined type
+  // out, and the reader gives this kind its own. So neither an empty value
+  // nor one that names no quantity is taken.
+  for (const FnAttr& a : attrs) {
+    if (a.Name != L"InputParam" && a.Name != L"OutputParam") continue;
+    DataParamType p = DataParamType::Undefined;
+    if (str::trim(a.Value).empty() || (ReadAttr(a.Value, p) && p == DataParamType::Undefined))
       return AttributeError(a, str::load_wstring(33534));
+  }
   return FnLinear::SetAttributes(attrs);
 }
 

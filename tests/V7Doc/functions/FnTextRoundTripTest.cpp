@@ -15,24 +15,29 @@ std::vector<FnAttr> AttributesOf(const IFn& fn) {
   return attrs;
 }
 
-// Every kind, as a default object with its parameter types set and with
-// any one attribute emptied: the text reads back to the same attributes
-// (an attribute whose unset state differs from its default would otherwise
-// come back as the default after a save), or the emptying fails.
+// Every kind, as a default object with its parameter types set, with any
+// one attribute emptied, and with a parameter type set to the value that
+// names no quantity: the text reads back to the same attributes (an
+// attribute whose unset state differs from its default would otherwise come
+// back as the default after a save), or the setting fails.
 TEST(FnTextRoundTrip, EveryKindWithEachAttributeEmptied) {
+  const std::wstring undefined = FnAttrInputParam(DataParamType::Undefined).Value;
   for (const std::wstring& kind : RegisteredFnKinds()) {
     IFn base;
     ASSERT_TRUE(GetFnImplFromName(kind, base).succeeded()) << str::to_utf8(kind);
-    std::vector<std::wstring> names = {L"", L"InputParam", L"OutputParam"};  // "": none emptied
+    // {name, value}; no name: both parameter types set.
+    std::vector<std::pair<std::wstring, std::wstring>> settings = {
+        {L"", L""}, {L"InputParam", L""}, {L"OutputParam", L""},
+        {L"InputParam", undefined}, {L"OutputParam", undefined}};
     for (const FnAttr& a : AttributesOf(base))
-      if (a.Name != L"Type" && a.Name != L"Description") names.push_back(a.Name);
-    for (const std::wstring& name : names) {
+      if (a.Name != L"Type" && a.Name != L"Description") settings.emplace_back(a.Name, L"");
+    for (const auto& [name, value] : settings) {
       IFn fn = base;
       if (name.empty()) {
         ASSERT_TRUE(fn.SetAttributes({FnAttrInputParam(DataParamType::MatricSuction),
                                       FnAttrOutputParam(DataParamType::XConductivity)})
                         .succeeded());
-      } else if (fn.SetAttribute(FnAttr(name, L"")).failed()) {
+      } else if (fn.SetAttribute(FnAttr(name, value)).failed()) {
         continue;
       }
       const std::wstring text = fn.as_wstring();
@@ -40,8 +45,8 @@ TEST(FnTextRoundTrip, EveryKindWithEachAttributeEmptied) {
       ASSERT_TRUE(FnCreate(text, again).succeeded()) << str::to_utf8(text);
       EXPECT_EQ(again.as_wstring(), text);
       EXPECT_EQ(AttributesOf(again), AttributesOf(fn))
-          << str::to_utf8(kind) << " with " << str::to_utf8(name) << "= written as "
-          << str::to_utf8(text) << " reads back as " << str::to_utf8(again.as_wstring());
+          << str::to_utf8(kind) << " with " << str::to_utf8(name) << "=" << str::to_utf8(value)
+          << " written as " << str::to_utf8(text) << " reads back as " << str::to_utf8(again.as_wstring());
     }
   }
 }
