@@ -24,20 +24,17 @@ std::optional<ExternalObject>& Current() {
 // themselves assume that code and data addresses share one representation.
 template <class Table>
 std::array<const void*, 12> Slots(Table& t) {
-  return {&t.TestAddInCompatibilityImpl_, &t.ScanTypeImpl_,        &t.LoadTypeImpl_,
-          &t.CreateMethodArgumentsImpl_,  &t.CreateCalculateMatrixImpl_, &t.CreateUpdateStressesImpl_,
-          &t.CreateDelegateFunctorImpl_,  &t.CreateCalculateForceImpl_,  &t.CreateCalculateShearForceImpl_,
-          &t.CreateInitializeImpl_,       &t.PerformBlockingGC_,         &t.CreateAssembly_};
+#define V7_BRIDGE_SLOT(name) &t.name,
+  return {V7_BRIDGE_ENTRIES(V7_BRIDGE_SLOT)};
+#undef V7_BRIDGE_SLOT
 }
 static_assert(sizeof(void*) == sizeof(CreateAssembly_Fn) && sizeof(void*) == sizeof(PerformBlockingGC_Fn));
 
 }  // namespace
 
-const char* const ExternalObject::kEntryNames[12] = {
-    "TestAddInCompatibilityImpl_", "ScanTypeImpl_",           "LoadTypeImpl_",
-    "CreateMethodArgumentsImpl_",  "CreateCalculateMatrixImpl_", "CreateUpdateStressesImpl_",
-    "CreateDelegateFunctorImpl_",  "CreateCalculateForceImpl_",  "CreateCalculateShearForceImpl_",
-    "CreateInitializeImpl_",       "PerformBlockingGC_",         "CreateAssembly_"};
+#define V7_BRIDGE_NAME(name) #name,
+const char* const ExternalObject::kEntryNames[12] = {V7_BRIDGE_ENTRIES(V7_BRIDGE_NAME)};
+#undef V7_BRIDGE_NAME
 
 ExternalObject ExternalObject::Resolve(void* library) {
   ExternalObject t;

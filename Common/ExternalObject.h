@@ -12,25 +12,34 @@
 #include "QVI/gtl/status.h"
 #include "addins/QviBridge.h"
 
+// The twelve calls in table order: X(name) for each export name. The members
+// below, their export names and their slots are all made from this one list.
+#define V7_BRIDGE_ENTRIES(X)        \
+  X(TestAddInCompatibilityImpl_)    \
+  X(ScanTypeImpl_)                  \
+  X(LoadTypeImpl_)                  \
+  X(CreateMethodArgumentsImpl_)     \
+  X(CreateCalculateMatrixImpl_)     \
+  X(CreateUpdateStressesImpl_)      \
+  X(CreateDelegateFunctorImpl_)     \
+  X(CreateCalculateForceImpl_)      \
+  X(CreateCalculateShearForceImpl_) \
+  X(CreateInitializeImpl_)          \
+  X(PerformBlockingGC_)             \
+  X(CreateAssembly_)
+
 namespace v7 {
 
 struct ExternalObject {
   // The base name of the bridge library.
   static constexpr const wchar_t* kBridgeBaseName = L"Qvi.MngSrv.Interop";
 
-  // In the order of the table.
-  TestAddInCompatibilityImpl_Fn TestAddInCompatibilityImpl_ = nullptr;
-  ScanTypeImpl_Fn ScanTypeImpl_ = nullptr;
-  LoadTypeImpl_Fn LoadTypeImpl_ = nullptr;
-  CreateMethodArgumentsImpl_Fn CreateMethodArgumentsImpl_ = nullptr;
-  CreateCalculateMatrixImpl_Fn CreateCalculateMatrixImpl_ = nullptr;
-  CreateUpdateStressesImpl_Fn CreateUpdateStressesImpl_ = nullptr;
-  CreateDelegateFunctorImpl_Fn CreateDelegateFunctorImpl_ = nullptr;
-  CreateCalculateForceImpl_Fn CreateCalculateForceImpl_ = nullptr;
-  CreateCalculateShearForceImpl_Fn CreateCalculateShearForceImpl_ = nullptr;
-  CreateInitializeImpl_Fn CreateInitializeImpl_ = nullptr;
-  PerformBlockingGC_Fn PerformBlockingGC_ = nullptr;
-  CreateAssembly_Fn CreateAssembly_ = nullptr;
+  // One member a call, named as its export, of the type <name>Fn of
+  // addins/QviBridge.h (TestAddInCompatibilityImpl_ is a
+  // TestAddInCompatibilityImpl_Fn), in the order of the table.
+#define V7_BRIDGE_MEMBER(name) name##Fn name = nullptr;
+  V7_BRIDGE_ENTRIES(V7_BRIDGE_MEMBER)
+#undef V7_BRIDGE_MEMBER
 
   // Why the library is absent (success when it was loaded).
   gtl::status loadStatus;

@@ -15,17 +15,11 @@
 
 #include "V7Doc/functions/FnDataPoints.h"
 #include "V7Doc/functions/FnImpl.h"
+#include "bench/EvaluationLoops.h"
 
 namespace {
 
 constexpr int kQueries = 1000;
-
-v7::IFn Make(const wchar_t* text) {
-  v7::IFn fn;
-  (void)v7::FnCreate(text, fn);
-  (void)fn.Unshared()->UpdateCalculatedValues();
-  return fn;
-}
 
 // Inputs spread over the table (golden-ratio sequence), log or linear.
 std::vector<double> Inputs(double lo, double hi, bool log) {
@@ -63,31 +57,15 @@ struct InlineTable {
 };
 
 void ThroughIFn(benchmark::State& state, const wchar_t* text, double lo, double hi, bool log) {
-  const v7::IFn fn = Make(text);
-  const auto q = Inputs(lo, hi, log);
-  for (auto _ : state)
-    for (double x : q) benchmark::DoNotOptimize(fn(x));
-  state.SetItemsProcessed(state.iterations() * kQueries);
+  bench::EachQuery(state, Inputs(lo, hi, log), bench::MakeUpdated(text));
 }
 
 void ThroughIFnArray(benchmark::State& state, const wchar_t* text, double lo, double hi, bool log) {
-  const v7::IFn fn = Make(text);
-  const auto q = Inputs(lo, hi, log);
-  std::vector<double> out(q.size());
-  for (auto _ : state) {
-    fn.Evaluate(q, out);
-    benchmark::DoNotOptimize(out.data());
-    benchmark::ClobberMemory();
-  }
-  state.SetItemsProcessed(state.iterations() * kQueries);
+  bench::WholeArray(state, bench::MakeUpdated(text), Inputs(lo, hi, log));
 }
 
 void Inline(benchmark::State& state, const wchar_t* text, double lo, double hi, bool log) {
-  const InlineTable t(Make(text), log);
-  const auto q = Inputs(lo, hi, log);
-  for (auto _ : state)
-    for (double x : q) benchmark::DoNotOptimize(t(x));
-  state.SetItemsProcessed(state.iterations() * kQueries);
+  bench::EachQuery(state, Inputs(lo, hi, log), InlineTable(bench::MakeUpdated(text), log));
 }
 
 void BM_GReductionIFn(benchmark::State& s) {

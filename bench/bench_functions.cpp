@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "V7Doc/functions/FnInterpolated.h"
+#include "bench/EvaluationLoops.h"
 
 namespace {
 
@@ -35,54 +36,32 @@ v7::IFn Make(const wchar_t* text) {
   return fn;
 }
 
-void BM_IFnLinear(benchmark::State& state) {
-  const v7::IFn fn = Make(L"Linear()");
-  const auto q = Queries();
-  for (auto _ : state)
-    for (double x : q) benchmark::DoNotOptimize(fn(x));
-  state.SetItemsProcessed(state.iterations() * kQueries);
+// The segment of the sorted knots `xs` that holds x (the first or last
+// segment beyond the ends), by bisection as the library searches.
+std::size_t Segment(const std::vector<double>& xs, double x) {
+  const auto it = std::upper_bound(xs.begin(), xs.end(), x);
+  return std::min<std::size_t>(std::max<std::ptrdiff_t>(it - xs.begin() - 1, 0), xs.size() - 2);
 }
+
+void BM_IFnLinear(benchmark::State& state) { bench::EachQuery(state, Queries(), Make(L"Linear()")); }
 BENCHMARK(BM_IFnLinear);
 
-// The same queries in one call: the virtual call paid once per array.
-void ArrayRun(benchmark::State& state, const wchar_t* text) {
-  const v7::IFn fn = Make(text);
-  const auto q = Queries();
-  std::vector<double> out(q.size());
-  for (auto _ : state) {
-    fn.Evaluate(q, out);
-    benchmark::DoNotOptimize(out.data());
-    benchmark::ClobberMemory();
-  }
-  state.SetItemsProcessed(state.iterations() * kQueries);
-}
-void BM_IFnLinearArray(benchmark::State& state) { ArrayRun(state, L"Linear()"); }
+void BM_IFnLinearArray(benchmark::State& state) { bench::WholeArray(state, Make(L"Linear()"), Queries()); }
 BENCHMARK(BM_IFnLinearArray);
-void BM_IFnSplineArray(benchmark::State& state) { ArrayRun(state, L"Spline()"); }
+void BM_IFnSplineArray(benchmark::State& state) { bench::WholeArray(state, Make(L"Spline()"), Queries()); }
 BENCHMARK(BM_IFnSplineArray);
 
 void BM_HandLinear(benchmark::State& state) {
-  const auto p = Points();
   std::vector<double> xs, ys;
-  for (const auto& pt : p) xs.push_back(pt.x), ys.push_back(pt.y);
-  const auto q = Queries();
-  for (auto _ : state)
-    for (double x : q) {
-      auto it = std::upper_bound(xs.begin(), xs.end(), x);
-      std::size_t i = std::min<std::size_t>(std::max<std::ptrdiff_t>(it - xs.begin() - 1, 0), xs.size() - 2);
-      benchmark::DoNotOptimize(ys[i] + (x - xs[i]) / (xs[i + 1] - xs[i]) * (ys[i + 1] - ys[i]));
-    }
-  state.SetItemsProcessed(state.iterations() * kQueries);
+  for (const auto& pt : Points()) xs.push_back(pt.x), ys.push_back(pt.y);
+  bench::EachQuery(state, Queries(), [&](double x) {
+    const std::size_t i = Segment(xs, x);
+    return ys[i] + (x - xs[i]) / (xs[i + 1] - xs[i]) * (ys[i + 1] - ys[i]);
+  });
 }
 BENCHMARK(BM_HandLinear);
 
-void BM_IFnSpline(benchmark::State& state) {
-  const v7::IFn fn = Make(L"Spline()");
-  const auto q = Queries();
-  for (auto _ : state)
-    for (double x : q) benchmark::DoNotOptimize(fn(x));
-  state.SetItemsProcessed(state.iterations() * kQueries);
-}
+void BM_IFnSpline(benchmark::State& state) { bench::EachQuery(state, Queries(), Make(L"Spline()")); }
 BENCHMARK(BM_IFnSpline);
 
 // The same cubic spline evaluated by hand from the library's knot curvatures.
@@ -91,16 +70,11 @@ void BM_HandSpline(benchmark::State& state) {
   const auto& sp = dynamic_cast<const v7::FnSpline&>(*fn).Spline();
   std::vector<double> xs, ys = sp.KnotValues(), m = sp.KnotCurvatures();
   for (const auto& pt : sp.Points()) xs.push_back(pt.x);
-  const auto q = Queries();
-  for (auto _ : state)
-    for (double x : q) {
-      auto it = std::upper_bound(xs.begin(), xs.end(), x);
-      std::size_t i = std::min<std::size_t>(std::max<std::ptrdiff_t>(it - xs.begin() - 1, 0), xs.size() - 2);
-      const double h = xs[i + 1] - xs[i], t = x - xs[i], s = h - t;
-      benchmark::DoNotOptimize((ys[i] * s + ys[i + 1] * t) / h +
-                               (m[i] * s * (s * s - h * h) + m[i + 1] * t * (t * t - h * h)) / (6 * h));
-    }
-  state.SetItemsProcessed(state.iterations() * kQueries);
+  bench::EachQuery(state, Queries(), [&](double x) {
+    const std::size_t i = Segment(xs, x);
+    const double h = xs[i + 1] - xs[i], t = x - xs[i], s = h - t;
+    return (ys[i] * s + ys[i + 1] * t) / h + (m[i] * s * (s * s - h * h) + m[i + 1] * t * (t * t - h * h)) / (6 * h);
+  });
 }
 BENCHMARK(BM_HandSpline);
 

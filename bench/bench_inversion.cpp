@@ -14,6 +14,7 @@
 #include <vector>
 
 #include "V7Doc/geometry/ShapeFunctions.h"
+#include "bench/EvaluationLoops.h"
 
 namespace {
 
@@ -77,32 +78,22 @@ int Newton(double& r, double& s, double x, double y, const double xy[4][2]) {
 }
 
 void BM_InversionClosedForm(benchmark::State& state) {
-  const auto& cases = Cases();
-  for (auto _ : state) {
-    int solved = 0;
-    for (const Case& c : cases) {
-      double r = 0, s = 0;
-      solved += v7::Geom::iGlobal_To_Local_Coords(r, s, c.x, c.y, c.xy, 4);
-      benchmark::DoNotOptimize(r), benchmark::DoNotOptimize(s);
-    }
-    if (solved != kPoints) state.SkipWithError("a point was not inverted");
-  }
-  state.SetItemsProcessed(state.iterations() * kPoints);
+  bench::SolveEach(state, Cases(), [](const Case& c) {
+    double r = 0, s = 0;
+    const int solved = v7::Geom::iGlobal_To_Local_Coords(r, s, c.x, c.y, c.xy, 4);
+    benchmark::DoNotOptimize(r), benchmark::DoNotOptimize(s);
+    return solved;
+  });
 }
 BENCHMARK(BM_InversionClosedForm)->Unit(benchmark::kMillisecond);
 
 void BM_InversionNewton(benchmark::State& state) {
-  const auto& cases = Cases();
-  for (auto _ : state) {
-    int solved = 0;
-    for (const Case& c : cases) {
-      double r = 0, s = 0;
-      solved += Newton(r, s, c.x, c.y, c.xy);
-      benchmark::DoNotOptimize(r), benchmark::DoNotOptimize(s);
-    }
-    if (solved != kPoints) state.SkipWithError("a point was not inverted");
-  }
-  state.SetItemsProcessed(state.iterations() * kPoints);
+  bench::SolveEach(state, Cases(), [](const Case& c) {
+    double r = 0, s = 0;
+    const int solved = Newton(r, s, c.x, c.y, c.xy);
+    benchmark::DoNotOptimize(r), benchmark::DoNotOptimize(s);
+    return solved;
+  });
 }
 BENCHMARK(BM_InversionNewton)->Unit(benchmark::kMillisecond);
 

@@ -14,6 +14,7 @@
 
 #include "V7Doc/document/QVDocument.h"
 #include "V7Doc/functions/FnImpl.h"
+#include "bench/EvaluationLoops.h"
 
 namespace {
 
@@ -31,77 +32,53 @@ std::vector<double> Probabilities() {
   return q;
 }
 
-v7::IFn Make(const wchar_t* text) {
-  v7::IFn fn;
-  (void)v7::FnCreate(text, fn);
-  (void)fn.Unshared()->UpdateCalculatedValues();
-  return fn;
+// Pore-water pressures: the suctions as the functions take them (negative).
+std::vector<double> Pressures() {
+  auto q = Suctions();
+  for (double& s : q) s = -s;
+  return q;
 }
 
+using bench::MakeUpdated;
+
 void BM_FredXingIFn(benchmark::State& state) {
-  const v7::IFn fn = Make(L"Fredlund_Xing(A=100,N=2,M=1,SatWC=0.45)");
-  const auto q = Suctions();
-  for (auto _ : state)
-    for (double s : q) benchmark::DoNotOptimize(fn(-s));
-  state.SetItemsProcessed(state.iterations() * kQueries);
+  bench::EachQuery(state, Pressures(), MakeUpdated(L"Fredlund_Xing(A=100,N=2,M=1,SatWC=0.45)"));
 }
 
 void BM_FredXingIFnArray(benchmark::State& state) {
-  const v7::IFn fn = Make(L"Fredlund_Xing(A=100,N=2,M=1,SatWC=0.45)");
-  auto q = Suctions();
-  for (double& s : q) s = -s;
-  std::vector<double> out(q.size());
-  for (auto _ : state) {
-    fn.Evaluate(q, out);
-    benchmark::DoNotOptimize(out.data());
-    benchmark::ClobberMemory();
-  }
-  state.SetItemsProcessed(state.iterations() * kQueries);
+  bench::WholeArray(state, MakeUpdated(L"Fredlund_Xing(A=100,N=2,M=1,SatWC=0.45)"), Pressures());
 }
 
 void BM_FredXingInline(benchmark::State& state) {
-  const auto q = Suctions();
   // Opaque parameters, so that the compiler cannot fold pow(x, 2) or hoist
   // the constant logarithm, which the library cannot do either.
   double a = 100, n = 2, m = 1, ts = 0.45, lim = 1e6;
   benchmark::DoNotOptimize(a), benchmark::DoNotOptimize(n), benchmark::DoNotOptimize(m);
   benchmark::DoNotOptimize(ts), benchmark::DoNotOptimize(lim);
   const double r = 0.003 * lim;
-  for (auto _ : state)
-    for (double s : q) {
-      const double c = 1.0 - std::log1p(s / r) / std::log1p(lim / r);
-      benchmark::DoNotOptimize(ts * c * std::pow(1.0 / std::log(2.718281828459045 + std::pow(s / a, n)), m));
-    }
-  state.SetItemsProcessed(state.iterations() * kQueries);
+  bench::EachQuery(state, Suctions(), [=](double s) {
+    const double c = 1.0 - std::log1p(s / r) / std::log1p(lim / r);
+    return ts * c * std::pow(1.0 / std::log(2.718281828459045 + std::pow(s / a, n)), m);
+  });
 }
 
 void BM_NormalTable(benchmark::State& state) {
-  const v7::IFn fn = Make(L"Normal(Mean=10,SD=2,Min=7,Max=15)");
-  const auto q = Probabilities();
-  for (auto _ : state)
-    for (double p : q) benchmark::DoNotOptimize(fn(p));
-  state.SetItemsProcessed(state.iterations() * kQueries);
+  bench::EachQuery(state, Probabilities(), MakeUpdated(L"Normal(Mean=10,SD=2,Min=7,Max=15)"));
 }
 
 void BM_NormalBoostQuantile(benchmark::State& state) {
   const boost::math::normal d(10, 2);
   const double pl = boost::math::cdf(d, 7.0), pu = boost::math::cdf(d, 15.0);
-  const auto q = Probabilities();
-  for (auto _ : state)
-    for (double p : q) benchmark::DoNotOptimize(boost::math::quantile(d, pl + p * (pu - pl)));
-  state.SetItemsProcessed(state.iterations() * kQueries);
+  bench::EachQuery(state, Probabilities(), [&](double p) { return boost::math::quantile(d, pl + p * (pu - pl)); });
 }
 
 void BM_HydKEstimate(benchmark::State& state) {
   v7::QVDocumentHandle doc(new v7::QVDocument());
   doc->DataInit();
   v7::QVDocumentSetCurrentHandle(doc);
-  doc->FunctionList(14)->Add(v7::Func2D(L"wc", L"", Make(L"Van_Genuchten(A=10,N=1.5,SatWC=0.4,ResWC=0.05)")));
-  const v7::IFn k = Make(L"FnEstHydK(VolWCFnNum=1,HydKSat=1e-5,ResWC=0.05,Max=1e5,NumPoints=50)");
-  const auto q = Suctions();
-  for (auto _ : state)
-    for (double s : q) benchmark::DoNotOptimize(k(-s));
-  state.SetItemsProcessed(state.iterations() * kQueries);
+  doc->FunctionList(14)->Add(v7::Func2D(L"wc", L"", MakeUpdated(L"Van_Genuchten(A=10,N=1.5,SatWC=0.4,ResWC=0.05)")));
+  bench::EachQuery(state, Pressures(),
+                   MakeUpdated(L"FnEstHydK(VolWCFnNum=1,HydKSat=1e-5,ResWC=0.05,Max=1e5,NumPoints=50)"));
   v7::QVDocumentSetCurrentHandle(v7::QVDocumentHandle());
 }
 
@@ -109,8 +86,8 @@ void BM_HydKUpdate(benchmark::State& state) {
   v7::QVDocumentHandle doc(new v7::QVDocument());
   doc->DataInit();
   v7::QVDocumentSetCurrentHandle(doc);
-  doc->FunctionList(14)->Add(v7::Func2D(L"wc", L"", Make(L"Fredlund_Xing(A=100,N=2,M=1,SatWC=0.45)")));
-  v7::IFn k = Make(L"FnEstHydK(VolWCFnNum=1,HydKSat=1e-5,HydKEstMethod=FredlundXing)");
+  doc->FunctionList(14)->Add(v7::Func2D(L"wc", L"", MakeUpdated(L"Fredlund_Xing(A=100,N=2,M=1,SatWC=0.45)")));
+  v7::IFn k = MakeUpdated(L"FnEstHydK(VolWCFnNum=1,HydKSat=1e-5,HydKEstMethod=FredlundXing)");
   for (auto _ : state) benchmark::DoNotOptimize(k.Unshared()->UpdateCalculatedValues());
   v7::QVDocumentSetCurrentHandle(v7::QVDocumentHandle());
 }

@@ -21,11 +21,10 @@ targets=("$@")
 if [ ${#targets[@]} -eq 0 ]; then
   for t in "$bin"/fuzz_*; do [ -x "$t" ] && targets+=("$(basename "$t")"); done
 fi
-# CPU seconds (user and system) that finished children of this shell used.
-child_cpu() {
-  times | tail -n 1 | awk '{
-    n = 0; for (i = 1; i <= 2; ++i) { split($i, a, /[ms]/); n += a[1] * 60 + a[2] } printf "%d", n }'
-}
+# The fuzzer's CPU seconds (user and system, its workers included) are what
+# bash's `time` reports for it, written to a file of their own. (A `times`
+# taken inside $(...) would read a fresh subshell's children: always zero.)
+TIMEFORMAT='%U %S'
 parallel=()
 [ "$jobs" -gt 1 ] && parallel=(-jobs="$jobs" -workers="$jobs")
 status=0
@@ -35,11 +34,10 @@ for name in "${targets[@]}"; do
   work="$(mktemp -d)"
   mkdir -p "fuzz/corpus/$name" fuzz/findings "$work/new"
   echo "== $name: ${seconds}s x $jobs"
-  start=$(child_cpu)
-  if "$target" -max_total_time="$seconds" -timeout=10 -malloc_limit_mb=1024 -rss_limit_mb=2048 \
+  if { time "$target" -max_total_time="$seconds" -timeout=10 -malloc_limit_mb=1024 -rss_limit_mb=2048 \
        "${parallel[@]}" -print_final_stats=1 -artifact_prefix="fuzz/findings/$name-" \
-       "$work/new" "fuzz/corpus/$name" > "$work/log" 2>&1; then
-    cpu=$(( $(child_cpu) - start ))
+       "$work/new" "fuzz/corpus/$name" > "$work/log" 2>&1; } 2> "$work/cpu"; then
+    cpu=$(awk '{printf "%d", $1 + $2}' "$work/cpu")
     runs=$( (grep -ho "stat::number_of_executed_units: *[0-9]*" "$work/log" fuzz-*.log 2>/dev/null || true) |
            awk '{s += $2} END {print s + 0}')
     # Minimise: the union of the old corpus and the new inputs, reduced to

@@ -17,6 +17,18 @@ using namespace v7;
 
 namespace {
 const meta::MetaDataTraits kNonNegative = meta::MetaDataTraits{}.Bounds(0, qvi::kNoValue);
+
+// The points of a line: each the ID of a point of the document.
+meta::MetaDataTraits PointIDs() { return meta::MetaDataTraits{}.Ref(container::Points); }
+
+// What a slip surface and a pressure line both start with: a named line
+// through points of the document.
+template <class T>
+Schema<T> NamedPointLine(const wchar_t* name) {
+  Schema<T> s(name);
+  s.Add(&T::name_, L"name_", L"Name").Add(&T::vPoints_, L"vPoints_", L"DataPoints[DataPoint]", PointIDs());
+  return s;
+}
 }  // namespace
 
 template <>
@@ -36,7 +48,7 @@ const RecordType& TypeOf<SurchargeLoad>() {
   static const RecordType& t = Schema<T>(L"SurchargeLoad")
       .Add(&T::name_, L"name_", L"Name")
       .Add(&T::fUnitWeight_, L"fUnitWeight_", L"UnitWeight")
-      .Add(&T::vPoints_, L"vPoints_", L"DataPoints[DataPoint]", meta::MetaDataTraits{}.Ref(container::Points))
+      .Add(&T::vPoints_, L"vPoints_", L"DataPoints[DataPoint]", PointIDs())
       .Add(&T::fnNum_, L"fnNum_", L"FnNum", meta::MetaDataTraits{}.Ref(container::StressBFns))
       .Add(&T::variation_, L"variation_", L"Variation")
       .Done();
@@ -67,9 +79,7 @@ const RecordType& TypeOf<ReinforcementLoad>() {
 template <>
 const RecordType& TypeOf<SLIP>() {
   using T = SLIP;
-  static const RecordType& t = Schema<T>(L"SLIP")
-      .Add(&T::name_, L"name_", L"Name")
-      .Add(&T::vPoints_, L"vPoints_", L"DataPoints[DataPoint]", meta::MetaDataTraits{}.Ref(container::Points))
+  static const RecordType& t = NamedPointLine<T>(L"SLIP")
       .Add(&T::fAxisX_, L"fAxisX_", L"AxisX")
       .Add(&T::fAxisY_, L"fAxisY_", L"AxisY")
       .Done();
@@ -79,9 +89,7 @@ const RecordType& TypeOf<SLIP>() {
 template <>
 const RecordType& TypeOf<PressureLine>() {
   using T = PressureLine;
-  static const RecordType& t = Schema<T>(L"PressureLine")
-      .Add(&T::name_, L"name_", L"Name")
-      .Add(&T::vPoints_, L"vPoints_", L"DataPoints[DataPoint]", meta::MetaDataTraits{}.Ref(container::Points))
+  static const RecordType& t = NamedPointLine<T>(L"PressureLine")
       .Add(&T::fUnitWeight_, L"fUnitWeight_", L"UnitWeight", meta::MetaDataTraits(kNonNegative).Units(L"kN/m3"))
       .Done();
   return t;

@@ -192,39 +192,39 @@ class RepairLog final : public UndoEntry {
   void Write(const Site& s, std::uint32_t value) {
     if (std::uint32_t* p = NumberAt(s.frames)) *p = value;
   }
-  // The list the dropped element belongs to, and the element's position.
-  void* ListOf(const Site& s, const oc::Member*& lm, std::size_t& pos) const {
+  // The list the dropped element belongs to (null when it is gone), its
+  // length and the element's position.
+  struct DropList {
+    void* list = nullptr;
+    const oc::SequenceOps* seq = nullptr;
+    std::size_t size = 0, pos = 0;
+  };
+  DropList ListOf(const Site& s) const {
     const std::size_t k = s.drop - 1;
-    lm = s.frames[k].member;
-    pos = static_cast<std::size_t>(s.frames[k].index);
-    if (k == 0 && m_) return field_;
-    void* owner = k == 0 ? field_ : Target(s.frames, k);
-    return owner ? lm->access->Field(owner) : nullptr;
+    const oc::Member* lm = s.frames[k].member;
+    DropList d;
+    d.pos = static_cast<std::size_t>(s.frames[k].index);
+    if (k == 0 && m_) d.list = field_;
+    else if (void* owner = k == 0 ? field_ : Target(s.frames, k)) d.list = lm->access->Field(owner);
+    if (!d.list) return d;
+    d.seq = lm->seq.get();
+    d.size = d.seq->Size(d.list);
+    return d;
   }
   void Insert(const Site& s) {
-    const oc::Member* lm = nullptr;
-    std::size_t pos = 0;
-    void* list = ListOf(s, lm, pos);
-    if (!list) return;
-    const oc::SequenceOps& seq = *lm->seq;
-    const std::size_t n = seq.Size(list);
-    if (pos > n) return;
-    seq.Resize(list, n + 1);
-    for (std::size_t j = n; j > pos; --j) seq.MoveElement(list, j, j - 1);
-    void* elem = seq.At(list, pos);
+    const DropList d = ListOf(s);
+    if (!d.list || d.pos > d.size) return;
+    d.seq->Resize(d.list, d.size + 1);
+    for (std::size_t j = d.size; j > d.pos; --j) d.seq->MoveElement(d.list, j, j - 1);
+    void* elem = d.seq->At(d.list, d.pos);
     if (s.image.get()) s.image.type()->Ops().copy(elem, s.image.get());
     else *static_cast<std::uint32_t*>(elem) = s.number;
   }
   void Remove(const Site& s) {
-    const oc::Member* lm = nullptr;
-    std::size_t pos = 0;
-    void* list = ListOf(s, lm, pos);
-    if (!list) return;
-    const oc::SequenceOps& seq = *lm->seq;
-    const std::size_t n = seq.Size(list);
-    if (pos >= n) return;
-    for (std::size_t j = pos; j + 1 < n; ++j) seq.MoveElement(list, j, j + 1);
-    seq.Resize(list, n - 1);
+    const DropList d = ListOf(s);
+    if (!d.list || d.pos >= d.size) return;
+    for (std::size_t j = d.pos; j + 1 < d.size; ++j) d.seq->MoveElement(d.list, j, j + 1);
+    d.seq->Resize(d.list, d.size - 1);
   }
 
   void* Target(const Frames& frames, std::size_t count) const {

@@ -17,13 +17,22 @@ const RecordType& TypeOf<SketchStyle>() {
   return t;
 }
 
+namespace {
+// What an arc and a circle both start with: the circle they lie on.
+template <class T>
+Schema<T> OnCircle(const wchar_t* name) {
+  Schema<T> s(name);
+  s.Add(&T::fCenterX_, L"fCenterX_", L"CenterX")
+      .Add(&T::fCenterY_, L"fCenterY_", L"CenterY")
+      .Add(&T::fRadius_, L"fRadius_", L"Radius", meta::MetaDataTraits{}.Bounds(0, qvi::kNoValue));
+  return s;
+}
+}  // namespace
+
 template <>
 const RecordType& TypeOf<SkArc>() {
   using T = SkArc;
-  static const RecordType& t = Schema<T>(L"SkArc")
-      .Add(&T::fCenterX_, L"fCenterX_", L"CenterX")
-      .Add(&T::fCenterY_, L"fCenterY_", L"CenterY")
-      .Add(&T::fRadius_, L"fRadius_", L"Radius", meta::MetaDataTraits{}.Bounds(0, qvi::kNoValue))
+  static const RecordType& t = OnCircle<T>(L"SkArc")
       .Add(&T::fStartAngle_, L"fStartAngle_", L"StartAngle")
       .Add(&T::fEndAngle_, L"fEndAngle_", L"EndAngle")
       .Add(&T::style_, L"style_", L"Style")
@@ -34,10 +43,7 @@ const RecordType& TypeOf<SkArc>() {
 template <>
 const RecordType& TypeOf<SkCircle>() {
   using T = SkCircle;
-  static const RecordType& t = Schema<T>(L"SkCircle")
-      .Add(&T::fCenterX_, L"fCenterX_", L"CenterX")
-      .Add(&T::fCenterY_, L"fCenterY_", L"CenterY")
-      .Add(&T::fRadius_, L"fRadius_", L"Radius", meta::MetaDataTraits{}.Bounds(0, qvi::kNoValue))
+  static const RecordType& t = OnCircle<T>(L"SkCircle")
       .Add(&T::bFilled_, L"bFilled_", L"Filled")
       .Add(&T::style_, L"style_", L"Style")
       .Done();
