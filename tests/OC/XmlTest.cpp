@@ -122,37 +122,6 @@ TEST_F(Xml, ElementsInAnotherOrderReadTheSame) {
   EXPECT_TRUE(back == expected);
 }
 
-TEST_F(Xml, UnknownElementsAreWarnedAndSkipped) {
-  const std::string xml =
-      "<TestDoc Version=\"7.1\">\n<Tolerance>0.5</Tolerance>\n<Bogus><X>1</X></Bogus>\n"
-      "<Layers><Layer><ID>1</ID><Colour>red</Colour><Kind>Granite</Kind></Layer><Stray/></Layers>\n"
-      "<Title>ok<Inner/></Title></TestDoc>";
-  Doc back;
-  oc::xml::ReadReport r;
-  ASSERT_TRUE(oc::xml::StringRead(xml, oc::Store(back), &r).succeeded());
-  EXPECT_EQ(back.fTolerance_, 0.5);
-  EXPECT_EQ(back.title_, L"ok");
-  EXPECT_EQ(back.layers_.At(1).eKind_, Kind::None);  // unknown name: undefined
-  ASSERT_EQ(r.messages.size(), 5u);
-  struct Want {
-    unsigned id;
-    const wchar_t* part;
-  };
-  // In reading order: members in declared order, each record's unknown
-  // children before its values.
-  const Want want[] = {{31003, L"\"Bogus\" at (root), line 3"},
-                       {31003, L"\"Inner\" at Title, line 5"},
-                       {31003, L"\"Colour\" at Layers[1], line 4"},
-                       {31013, L"\"Granite\" is no value of Kind at Layers[1].Kind, line 4"},
-                       {31003, L"\"Stray\" at Layers, line 4"}};
-  for (std::size_t i = 0; i < 5; ++i) {
-    EXPECT_TRUE(r.messages[i].is_warning());
-    EXPECT_EQ(r.messages[i].id(), want[i].id);
-    EXPECT_NE(r.messages[i].message().find(want[i].part), std::wstring::npos)
-        << r.messages[i].message_utf8();
-  }
-}
-
 // A member declared to allow non-finite numbers reads and writes them back.
 // A text holding a NUL (set behind the framework's back) fails the write,
 // naming where it is, instead of being cut at the NUL.

@@ -111,6 +111,8 @@ TEST(MalformedInput, Documents) {
       {"nan_bounded.xml", true, "\"NaN\" at Analyses[1].OptimizationTolerance, line 9"},
       {"overflow_double.xml", true, "\"1e999\" at GeometryItems.Points[2].X"},
       // Nesting: unknown elements are skipped whole, however deep.
+      {"unknown_at_root.xml", false, "Unknown element \"Bogus\" at (root), line 3",
+       "an unknown element beside the collections is skipped with its content, and said so"},
       {"deep_unknown.xml", false, "Unknown element \"Deep\" at Analyses, line 3",
        "an unknown element is skipped with its content, and said so"},
       {"deep_known_too_deep.xml", false, "Unknown element \"x\" at Analyses[1].Name",

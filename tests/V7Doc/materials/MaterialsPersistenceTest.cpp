@@ -1,7 +1,6 @@
 #include <gtest/gtest.h>
 
 #include "OC/xml/XML.h"
-#include "V7Doc/materials/BoundaryFns.h"
 #include "V7Doc/materials/MaterialsSchema.h"
 
 namespace v7 {
@@ -52,27 +51,6 @@ TEST(MaterialsPersistence, CrossedFlagsAndLegacyMemberRead) {
                   .succeeded());
   EXPECT_EQ(odd.Stress().fnPhi().as_wstring(), L"NoSuchKind(a=1)");
   EXPECT_EQ(RoundTrip(odd).Stress().fnPhi().as_wstring(), L"NoSuchKind(a=1)");
-}
-
-TEST(MaterialsPersistence, BoundaryConditionRoundTrips) {
-  BC bc;
-  bc.name = L"Ponded crest";
-  bc.colour = 0xFF0000;
-  bc.fnHydBoundary = IFn(new HydBFnFunction(8, 4));
-  bc.fnAirBoundary = IFn(new AirBFnConst(1, 0));
-  bc.fnThermBoundary = IFn(new ThermBFnClimate(1, 2));
-  bc.fnContamBoundary = IFn(new ContamBFnConst(2, 0.125));
-  bc.fnGasBoundary = IFn(new GasBFnClimate(1, 1));
-  bc.fnXDispBoundary = IFn(new XDispBFnNormTanStress(100, 5));
-  bc.fnYDispBoundary = IFn(new YDispBFnFluidPressure(9.807));
-  bc.fnRotBoundary = IFn(new RotBFnConst(1, 0));
-  const BC back = RoundTrip(bc);
-  EXPECT_EQ(back, bc);
-  for (int d = 1; d <= kNumDOF; ++d) {
-    const auto slot = static_cast<DOFType>(d);
-    EXPECT_EQ(BoundaryTypeOf(back.DOF(slot)), BoundaryTypeOf(bc.DOF(slot))) << d;
-  }
-  EXPECT_EQ(BoundaryTypeOf(back.fnThermBoundary), 4);  // thermal kind, not hydraulic 9
 }
 
 }  // namespace
