@@ -1,9 +1,12 @@
 #include "V7Doc/files/MigrationTable.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <deque>
 #include <unordered_map>
 #include <unordered_set>
+
+#include "QVI/str/Convert.h"
 
 namespace v7::files::migration {
 namespace {
@@ -244,12 +247,31 @@ constexpr const wchar_t* kDropped[] = {
     L"Contour.ResultContours[$1].ID",
 };
 
+// One step of a pattern: from the pattern before it, by a member name or
+// an index "[$k]".
+struct Edge {
+  const PatternInfo* from;
+  std::string_view label;
+  bool operator==(const Edge&) const = default;
+};
+struct EdgeHash {
+  std::size_t operator()(const Edge& e) const {
+    // FNV-1a (Fowler, Noll and Vo): labels are short member names.
+    std::uint64_t h = 0xcbf29ce484222325ull ^ reinterpret_cast<std::uintptr_t>(e.from);
+    for (const char ch : e.label) h = (h ^ static_cast<unsigned char>(ch)) * 0x100000001b3ull;
+    return static_cast<std::size_t>(h);
+  }
+};
+
 struct Table {
   std::vector<Entry> entries;
   std::unordered_map<std::wstring_view, std::size_t> by_key;
   std::vector<std::size_t> prefixes;          // ".*" entries, longest first
   std::deque<std::wstring> inner_text;
   std::unordered_map<std::wstring_view, PatternInfo> info;  // by pattern
+  PatternInfo root;                                        // the empty pattern
+  std::deque<std::string> labels;
+  std::unordered_map<Edge, const PatternInfo*, EdgeHash> steps;  // every pattern of `info` by its last step
 
   void Enter(std::wstring key, std::wstring replacement) {
     for (const Entry& e : entries)
@@ -282,6 +304,22 @@ struct Table {
     std::stable_sort(prefixes.begin(), prefixes.end(), [&](std::size_t a, std::size_t b) {
       return entries[a].key.size() > entries[b].key.size();
     });
+    for (std::size_t i : prefixes) {
+      const std::wstring& k = entries[i].key;
+      info.find(std::wstring_view(k).substr(0, k.size() - 2))->second.stem = &entries[i];
+    }
+    // A pattern's last step starts at its last "." or "[": the pattern
+    // before it is a key's prefix too, so it is in `info` (or is the root).
+    for (const auto& [pattern, pi] : info) {
+      const std::size_t at = pattern.find_last_of(L".[");
+      const PatternInfo* from = &root;
+      std::wstring_view label = pattern;
+      if (at != std::wstring_view::npos) {
+        from = &info.find(pattern.substr(0, at))->second;
+        label = pattern.substr(pattern[at] == L'.' ? at + 1 : at);
+      }
+      steps.emplace(Edge{from, labels.emplace_back(str::to_utf8(label))}, &pi);
+    }
   }
 };
 
@@ -328,6 +366,21 @@ const PatternInfo* Info(std::wstring_view pattern) {
   const Table& t = TheTable();
   const auto it = t.info.find(pattern);
   return it == t.info.end() ? nullptr : &it->second;
+}
+
+const PatternInfo* RootInfo() { return &TheTable().root; }
+
+const PatternInfo* InfoBelow(const PatternInfo* from, std::string_view name) {
+  if (!from) return nullptr;
+  const Table& t = TheTable();
+  const auto it = t.steps.find(Edge{from, name});
+  return it == t.steps.end() ? nullptr : it->second;
+}
+
+const PatternInfo* InfoAtIndex(const PatternInfo* from, std::size_t k) {
+  if (!from || k < 1 || k > 9) return nullptr;  // keys bind "$1" to "$9" at most
+  const char label[] = {'[', '$', static_cast<char>('0' + k), ']'};
+  return InfoBelow(from, std::string_view(label, sizeof label));
 }
 
 std::size_t IndexOf(const Entry& e) { return static_cast<std::size_t>(&e - TheTable().entries.data()); }
