@@ -246,10 +246,12 @@ class Migrator {
         out += static_cast<wchar_t>(*p);
       }
   }
-  static bool IsOddName(const char* name) {
-    for (const char* p = name; *p; ++p)
-      if (*p == '.' || *p == '[' || static_cast<unsigned char>(*p) >= 0x80) return true;
-    return false;
+  // The name as a view; `odd` when it holds "." or "[" or is not ASCII.
+  static std::string_view ScanName(const char* name, bool& odd) {
+    const char* p = name;
+    for (; *p; ++p)
+      if (*p == '.' || *p == '[' || static_cast<unsigned char>(*p) >= 0x80) odd = true;
+    return {name, static_cast<std::size_t>(p - name)};
   }
 
   // The concrete path of `lv`, with the indices as read.
@@ -335,8 +337,9 @@ class Migrator {
     out.entry = false;
     out.index.reset();
     out.bound = parent.bound;
-    const char* name = c.name();
-    if (!out.odd && IsOddName(name)) {
+    bool odd_name = false;
+    const std::string_view name = ScanName(c.name(), odd_name);
+    if (!out.odd && odd_name) {
       out.odd = true;
       out.odd_pattern = Pattern(parent);
     } else if (out.odd) {
@@ -344,7 +347,7 @@ class Migrator {
     }
     if (out.odd) {
       if (parent.parent) out.odd_pattern += L'.';
-      AppendName(out.odd_pattern, name);
+      AppendName(out.odd_pattern, name.data());
       out.info = mig::Info(out.odd_pattern);
       out.prefix = mig::LookupPrefix(out.odd_pattern);
     } else {
@@ -387,7 +390,8 @@ class Migrator {
         std::wstring key = Pattern(lv);
         key += L'.';
         key += str::to_wstring(text);
-        if (const mig::Entry* e = mig::Lookup(key)) return enumerator = true, e;
+        // (A ".*" key is no enumerator: "Entry" holding "*" is a value.)
+        if (const mig::Entry* e = mig::Lookup(key); e && !e->IsPrefix()) return enumerator = true, e;
       }
     }
     if (info && info->entry) return info->entry;
@@ -742,7 +746,10 @@ class Migrator {
     }
     std::uint64_t pos = 0;
     Level child;
-    std::vector<Step> steps;
+    // The steps of an entry's replacement, in a buffer of this depth that
+    // the walks of the elements of this depth share.
+    if (step_buffers_.size() <= depth) step_buffers_.resize(depth + 1);
+    std::vector<Step>& steps = step_buffers_[depth];
     // Handling an element moves nothing but itself and what it holds: its
     // next sibling is taken first.
     pugi::xml_node next;
@@ -875,6 +882,7 @@ class Migrator {
   std::unordered_set<EnumText, EnumTextHash> known_enumerators_;  // texts that name a value
   std::deque<std::string> kept_;
   std::vector<const Level*> rest_;
+  std::deque<std::vector<Step>> step_buffers_;  // by depth
   struct Made {
     std::string name;
     bool has_index;

@@ -247,20 +247,54 @@ constexpr const wchar_t* kDropped[] = {
     L"Contour.ResultContours[$1].ID",
 };
 
-// One step of a pattern: from the pattern before it, by a member name or
-// an index "[$k]".
-struct Edge {
-  const PatternInfo* from;
-  std::string_view label;
-  bool operator==(const Edge&) const = default;
-};
-struct EdgeHash {
-  std::size_t operator()(const Edge& e) const {
-    // FNV-1a (Fowler, Noll and Vo): labels are short member names.
-    std::uint64_t h = 0xcbf29ce484222325ull ^ reinterpret_cast<std::uintptr_t>(e.from);
-    for (const char ch : e.label) h = (h ^ static_cast<unsigned char>(ch)) * 0x100000001b3ull;
-    return static_cast<std::size_t>(h);
+// Every pattern of the table by its last step (from the pattern before it,
+// a member name or an index "[$k]"), in an open-addressed table: looked up
+// once per element of an old document, so the hash reads only the length
+// and the ends of the name.
+class StepIndex {
+ public:
+  void Add(const PatternInfo* from, std::string_view label, const PatternInfo* to) {
+    slots_.push_back({from, label, to});  // sized and placed by Seal
   }
+  void Seal() {
+    std::vector<Slot> all = std::move(slots_);
+    std::size_t size = 16;
+    while (size < 4 * all.size()) size *= 2;
+    slots_.assign(size, Slot{});
+    mask_ = size - 1;
+    for (const Slot& s : all) {
+      std::size_t i = Hash(s.from, s.label) & mask_;
+      while (slots_[i].to) i = (i + 1) & mask_;
+      slots_[i] = s;
+    }
+  }
+  const PatternInfo* Find(const PatternInfo* from, std::string_view label) const {
+    for (std::size_t i = Hash(from, label) & mask_;; i = (i + 1) & mask_) {
+      const Slot& s = slots_[i];
+      if (!s.to) return nullptr;
+      if (s.from == from && s.label == label) return s.to;
+    }
+  }
+
+ private:
+  struct Slot {
+    const PatternInfo* from = nullptr;
+    std::string_view label;
+    const PatternInfo* to = nullptr;  // nullptr: an empty slot
+  };
+  static std::size_t Hash(const PatternInfo* from, std::string_view label) {
+    std::uint64_t h = reinterpret_cast<std::uintptr_t>(from) ^ (label.size() << 40);
+    if (!label.empty()) {
+      h ^= static_cast<unsigned char>(label.front()) | static_cast<std::uint64_t>(label.back()) << 8;
+      if (label.size() > 2)
+        h ^= static_cast<std::uint64_t>(static_cast<unsigned char>(label[label.size() / 2])) << 16 |
+             static_cast<std::uint64_t>(static_cast<unsigned char>(label[1])) << 24;
+    }
+    h *= 0x9E3779B97F4A7C15ull;  // Fibonacci hashing (Knuth, TAOCP vol. 3, 6.4)
+    return static_cast<std::size_t>(h >> 32);
+  }
+  std::vector<Slot> slots_{Slot{}};
+  std::size_t mask_ = 0;
 };
 
 struct Table {
@@ -271,7 +305,7 @@ struct Table {
   std::unordered_map<std::wstring_view, PatternInfo> info;  // by pattern
   PatternInfo root;                                        // the empty pattern
   std::deque<std::string> labels;
-  std::unordered_map<Edge, const PatternInfo*, EdgeHash> steps;  // every pattern of `info` by its last step
+  StepIndex steps;
 
   void Enter(std::wstring key, std::wstring replacement) {
     for (const Entry& e : entries)
@@ -318,8 +352,9 @@ struct Table {
         from = &info.find(pattern.substr(0, at))->second;
         label = pattern.substr(pattern[at] == L'.' ? at + 1 : at);
       }
-      steps.emplace(Edge{from, labels.emplace_back(str::to_utf8(label))}, &pi);
+      steps.Add(from, labels.emplace_back(str::to_utf8(label)), &pi);
     }
+    steps.Seal();
   }
 };
 
@@ -371,10 +406,7 @@ const PatternInfo* Info(std::wstring_view pattern) {
 const PatternInfo* RootInfo() { return &TheTable().root; }
 
 const PatternInfo* InfoBelow(const PatternInfo* from, std::string_view name) {
-  if (!from) return nullptr;
-  const Table& t = TheTable();
-  const auto it = t.steps.find(Edge{from, name});
-  return it == t.steps.end() ? nullptr : it->second;
+  return from ? TheTable().steps.Find(from, name) : nullptr;
 }
 
 const PatternInfo* InfoAtIndex(const PatternInfo* from, std::size_t k) {

@@ -117,6 +117,10 @@ TEST(Migration, EdgeCasesLandWhereTheyBelong) {
        "<Points><Point><ID>1</ID><X>0.1</X><Y>20</Y></Point></Points></GrainSizeFn></GrainSizeFns>"
        "<KFns><KFn><ID>1</ID><Description>Clay</Description></KFn></KFns></Hydraulic></Material></Functions>",
        L"Functions.Material.Hydraulic.KFns[1].Name", L"Clay"},
+      {"a record holding the text of a \".*\" key's last step is no enumerator, and the rest loads",
+       "<StabItems><StabItem><ID>1</ID><Entry>*</Entry></StabItem></StabItems>"
+       "<CurrentAnalysis><NumCritialSlipSurfaces>7</NumCritialSlipSurfaces></CurrentAnalysis>",
+       L"CurrentAnalysis.NumCriticalSlipSurfaces", L"7"},
       {"crosswise bounds of a surface",
        "<Functions><Func3Ds><Fn3D><ID>2</ID><UserMin>4</UserMin></Fn3D></Func3Ds></Functions>",
        L"Functions.Func3Ds[2].SpecifiedMax", L"4"},
