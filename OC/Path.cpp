@@ -34,15 +34,14 @@ gtl::status Resolve(const IODS& ds, std::wstring_view path, IOC& out, bool tags_
     const PathStep& st = steps[i];
     where += (i ? L"." : L"") + st.name;
     IOC next = tags_only ? cur.GetSubOCByTag(st.name) : cur.GetSubOC(st.name);
-    // A member may be written as a call of its accessor ("GetStabPWPCondOption()").
-    if (!next.IsValid() && !tags_only && st.name.size() > 2 && st.name.ends_with(L"()"))
-      next = cur.GetSubOC(std::wstring_view(st.name).substr(0, st.name.size() - 2));
-    if (!next.IsValid() && i == 0 && !tags_only) {
-      std::wstring_view alias = st.name;
-      if (alias.ends_with(L"()")) alias.remove_suffix(2);
-      if (const Member* m = OCRegistry::Instance().ResolveAlias(*ds.type, alias))
-        next = cur.GetSubOC(m->name);
+    // A member may be written as a call of its accessor.
+    if (!next.IsValid() && !tags_only) {
+      const std::wstring_view bare = StripCall(st.name);
+      if (!bare.empty() && bare.size() < st.name.size()) next = cur.GetSubOC(bare);
     }
+    if (!next.IsValid() && i == 0 && !tags_only)
+      if (const Member* m = OCRegistry::Instance().ResolveAlias(*ds.type, StripCall(st.name)))
+        next = cur.GetSubOC(m->name);
     if (!next.IsValid()) return OCError::not_recognized(st.name, where);
     if (st.has_index) {
       std::uint64_t n = 0;
@@ -60,6 +59,11 @@ gtl::status Resolve(const IODS& ds, std::wstring_view path, IOC& out, bool tags_
 }
 
 }  // namespace
+
+std::wstring_view StripCall(std::wstring_view name) {
+  if (name.ends_with(L"()")) name.remove_suffix(2);
+  return name;
+}
 
 gtl::status ParsePath(std::wstring_view path, std::vector<PathStep>& steps) {
   steps.clear();

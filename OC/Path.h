@@ -28,6 +28,9 @@ struct PathStep {
 
 // Splits a path into steps; fails on empty steps and unbalanced brackets.
 gtl::status ParsePath(std::wstring_view path, std::vector<PathStep>& steps);
+// A step's name without a trailing call "()": a member may be written as a
+// call of its accessor ("GetStabPWPCondOption()", "v7::doc::Climate()").
+std::wstring_view StripCall(std::wstring_view name);
 
 // Resolves `path` from the object of `ds`: member names, tags and aliases.
 gtl::status Find(const IODS& ds, std::wstring_view path, IOC& out);

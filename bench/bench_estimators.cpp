@@ -5,7 +5,8 @@
 //    the input, as the table does, and searches the 51 points by bisection;
 //  - the pore-pressure ratio (Seed, Martin and Lysmer), a linear axis of 51
 //    points.
-// Report the ratio IFn / Inline of each pair.
+// Report the ratio IFn / Inline of each pair; the IFnArray cases evaluate
+// the same inputs with one call per array (IFn::Evaluate).
 #include <benchmark/benchmark.h>
 
 #include <algorithm>
@@ -69,6 +70,18 @@ void ThroughIFn(benchmark::State& state, const wchar_t* text, double lo, double 
   state.SetItemsProcessed(state.iterations() * kQueries);
 }
 
+void ThroughIFnArray(benchmark::State& state, const wchar_t* text, double lo, double hi, bool log) {
+  const v7::IFn fn = Make(text);
+  const auto q = Inputs(lo, hi, log);
+  std::vector<double> out(q.size());
+  for (auto _ : state) {
+    fn.Evaluate(q, out);
+    benchmark::DoNotOptimize(out.data());
+    benchmark::ClobberMemory();
+  }
+  state.SetItemsProcessed(state.iterations() * kQueries);
+}
+
 void Inline(benchmark::State& state, const wchar_t* text, double lo, double hi, bool log) {
   const InlineTable t(Make(text), log);
   const auto q = Inputs(lo, hi, log);
@@ -80,15 +93,21 @@ void Inline(benchmark::State& state, const wchar_t* text, double lo, double hi, 
 void BM_GReductionIFn(benchmark::State& s) {
   ThroughIFn(s, L"FnEstGReduction(PI=20)", 1e-6, 0.1, true);
 }
+void BM_GReductionIFnArray(benchmark::State& s) {
+  ThroughIFnArray(s, L"FnEstGReduction(PI=20)", 1e-6, 0.1, true);
+}
 void BM_GReductionInline(benchmark::State& s) {
   Inline(s, L"FnEstGReduction(PI=20)", 1e-6, 0.1, true);
 }
 void BM_DynPWPIFn(benchmark::State& s) { ThroughIFn(s, L"FnEstDynPWP()", 0.0, 1.0, false); }
+void BM_DynPWPIFnArray(benchmark::State& s) { ThroughIFnArray(s, L"FnEstDynPWP()", 0.0, 1.0, false); }
 void BM_DynPWPInline(benchmark::State& s) { Inline(s, L"FnEstDynPWP()", 0.0, 1.0, false); }
 
 }  // namespace
 
 BENCHMARK(BM_GReductionIFn);
+BENCHMARK(BM_GReductionIFnArray);
 BENCHMARK(BM_GReductionInline);
 BENCHMARK(BM_DynPWPIFn);
+BENCHMARK(BM_DynPWPIFnArray);
 BENCHMARK(BM_DynPWPInline);

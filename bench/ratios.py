@@ -25,6 +25,9 @@ RATIOS = [
     ("bench_soilwater", "Fredlund-Xing IFn, array / inline", "BM_FredXingIFnArray", "BM_FredXingInline", "<=", 1.1),
     ("bench_inversion", "Newton / closed-form inversion (speed-up)", "BM_InversionNewton",
      "BM_InversionClosedForm", ">=", 10.0),
+    ("bench_file_read", "whole-file read / plain read(2)", "BM_ReadWholeFile", "BM_PlainReadFloor", "<=", 1.5),
+    ("bench_file_read", "stream-iterator copy / whole-file read (speed-up)", "BM_StreamIteratorCopy",
+     "BM_ReadWholeFile", ">=", 2.0),
 ]
 
 # (program, label, benchmark, counter) read as peak bytes per XML byte.

@@ -1,11 +1,10 @@
 // POSIX file calls live here and only here.
 #include "OC/package/AtomicFile.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
-#include <fstream>
-#include <iterator>
 #include <random>
 #include <dirent.h>
 #include <fcntl.h>
@@ -173,12 +172,34 @@ gtl::status WriteFileAtomic(const std::wstring& path, std::string_view bytes) {
   return {};
 }
 
+// The buffer is sized from the file's own size, so that a regular file
+// arrives in one read into one allocation; one byte to spare lets the read
+// that meets the end confirm it. A file that is not regular (a pipe) or that
+// grows while it is read is read on to its end, the buffer doubling. A read
+// error (a folder, a failing disk) is a status, never a short content.
 gtl::status ReadWholeFile(const std::wstring& path, std::string& bytes) {
   constexpr unsigned kMsgCannotOpenFile = 31010;
-  std::ifstream in(str::to_utf8(path), std::ios::binary);
-  if (!in) return gtl::status::error(kMsgCannotOpenFile, path);
-  bytes.assign(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
-  if (in.bad()) return gtl::status::error(kMsgCannotOpenFile, path);
+  constexpr std::size_t kFirstChunk = 64 * 1024;
+  const int fd = ::open(str::to_utf8(path).c_str(), O_RDONLY | O_CLOEXEC);
+  if (fd < 0) return gtl::status::error(kMsgCannotOpenFile, path);
+  struct stat st;
+  const bool sized = ::fstat(fd, &st) == 0 && S_ISREG(st.st_mode);
+  std::string content(sized ? static_cast<std::size_t>(st.st_size) + 1 : kFirstChunk, '\0');
+  std::size_t have = 0;
+  for (;;) {
+    if (have == content.size()) content.resize(std::max(2 * content.size(), kFirstChunk));
+    const ssize_t n = ::read(fd, content.data() + have, content.size() - have);
+    if (n < 0 && errno == EINTR) continue;
+    if (n < 0) {
+      ::close(fd);
+      return gtl::status::error(kMsgCannotOpenFile, path);
+    }
+    if (n == 0) break;
+    have += static_cast<std::size_t>(n);
+  }
+  ::close(fd);
+  content.resize(have);
+  bytes = std::move(content);
   return {};
 }
 

@@ -337,4 +337,20 @@ class QVContainerTable : public Base {
   storage_type slots_;
 };
 
+// The named table kinds that record families derive from: the ID is the
+// record's slot, not stored in the record; edits are plain, or (CustomUndo)
+// recorded in the undo history of the table's manager.
+template <class T>
+class TQVContainerTableNoStoredID : public QVContainerTable<T> {
+ public:
+  TQVContainerTableNoStoredID() = default;
+};
+
+template <class T>
+class TQVContainerTableNoStoredIDCustomUndo
+    : public QVContainerTable<T, QVContainerNoStoredIDPolicy<T>, QVContainerOpUndoPolicy<T>> {
+ public:
+  TQVContainerTableNoStoredIDCustomUndo() = default;
+};
+
 }  // namespace v7

@@ -18,11 +18,6 @@ constexpr std::wstring_view kOwnNamespace = L"v7::";
 constexpr unsigned kMsgNoRecord = 31069;
 constexpr unsigned kMsgNoElement = 31070;
 
-std::wstring_view StripCall(std::wstring_view name) {
-  if (name.ends_with(L"()")) name.remove_suffix(2);
-  return name;
-}
-
 // The member a first step names: a member of the root by name or tag, or
 // an alias seen from inside or outside the namespace v7.
 const oc::Member* RootMember(std::wstring_view name) {
@@ -105,7 +100,7 @@ gtl::status NormalizeExpression(std::wstring_view expression, std::optional<std:
   if (auto s = oc::ParsePath(text, steps); s.failed()) return s;
   path.clear();
   for (std::size_t i = 0; i < steps.size(); ++i) {
-    std::wstring_view name = StripCall(steps[i].name);
+    std::wstring_view name = oc::StripCall(steps[i].name);
     std::wstring resolved(name);
     // A first step that is neither a member nor an alias may still be a
     // persisted tag: the path's own resolution decides.

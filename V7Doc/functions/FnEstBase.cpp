@@ -20,6 +20,20 @@ double FnEstBase::Calculate(const double* x, const double*) const {
   return Linear::operator()(Points().front().x);
 }
 
+void FnEstBase::Evaluate(std::span<const double> in, std::span<double> out) const {
+  const std::size_t n = std::min(in.size(), out.size());
+  if (!suction_ && !LogX()) {
+    // NaN and inputs beyond the points come back from the table loop through
+    // the single-point path, as Calculate would treat them.
+    Linear::Evaluate(in.data(), out.data(), n);
+    if (!IsEmpty())
+      for (std::size_t i = 0; i < n; ++i)
+        if (qvi::IsNoValue(out[i])) out[i] = FnEstBase::Calculate(&in[i], nullptr);
+    return;
+  }
+  for (std::size_t i = 0; i < n; ++i) out[i] = FnEstBase::Calculate(&in[i], nullptr);
+}
+
 gtl::status FnEstBase::EstimateError(const std::wstring& reason) const {
   return gtl::status::error(33510, Name(), reason);
 }

@@ -20,6 +20,7 @@
 //  - until points have been generated, or after an update that failed, the
 //    value is qvi::kNoValue: a stale table would describe old parameters.
 #include <cstdint>
+#include <span>
 #include <vector>
 
 #include "QVI/math/fn/interpolate/Linear.h"
@@ -37,6 +38,10 @@ class FnEstBase : public FnDataPoints, public math::fn::interpolate::Linear {
 
   // Interpolates in the generated points; qvi::kNoValue while there are none.
   double Calculate(const double* x, const double* y) const override;
+  // Calculate at in[i] into out[i], bit for bit, with one virtual call per
+  // array: inputs taken as they stand on a linear axis go through the
+  // table's own array loop.
+  void Evaluate(std::span<const double> in, std::span<double> out) const override;
   // Regenerates the points from the attributes. On failure the points are
   // dropped and the status (also kept for LastError) says why.
   gtl::status UpdateCalculatedValues() override;

@@ -63,38 +63,20 @@
 namespace v7 {
 
 #define V7_MEMBER(m) m = static_cast<std::int32_t>(FnEstSample::m)
+// The twelve soils of Kersten's tables, which both enumerations offer.
+#define V7_KERSTEN_MEMBERS                                                             \
+  V7_MEMBER(SandDensity150), V7_MEMBER(SandDensity145), V7_MEMBER(SandDensity140),     \
+      V7_MEMBER(SandDensity135), V7_MEMBER(SiltDensity135), V7_MEMBER(SiltDensity130), \
+      V7_MEMBER(SiltDensity125), V7_MEMBER(SiltDensity120), V7_MEMBER(ClayDensity135), \
+      V7_MEMBER(ClayDensity130), V7_MEMBER(ClayDensity125), V7_MEMBER(ClayDensity120)
 
 struct FnEstThermalKvsTempType {
-  enum eSampleMatl : std::int32_t {
-    V7_MEMBER(SandDensity150),
-    V7_MEMBER(SandDensity145),
-    V7_MEMBER(SandDensity140),
-    V7_MEMBER(SandDensity135),
-    V7_MEMBER(SiltDensity135),
-    V7_MEMBER(SiltDensity130),
-    V7_MEMBER(SiltDensity125),
-    V7_MEMBER(SiltDensity120),
-    V7_MEMBER(ClayDensity135),
-    V7_MEMBER(ClayDensity130),
-    V7_MEMBER(ClayDensity125),
-    V7_MEMBER(ClayDensity120),
-  };
+  enum eSampleMatl : std::int32_t { V7_KERSTEN_MEMBERS };
 };
 
 struct FnEstUnfrozenWCType {
   enum eSampleMatl : std::int32_t {
-    V7_MEMBER(SandDensity150),
-    V7_MEMBER(SandDensity145),
-    V7_MEMBER(SandDensity140),
-    V7_MEMBER(SandDensity135),
-    V7_MEMBER(SiltDensity135),
-    V7_MEMBER(SiltDensity130),
-    V7_MEMBER(SiltDensity125),
-    V7_MEMBER(SiltDensity120),
-    V7_MEMBER(ClayDensity135),
-    V7_MEMBER(ClayDensity130),
-    V7_MEMBER(ClayDensity125),
-    V7_MEMBER(ClayDensity120),
+    V7_KERSTEN_MEMBERS,
     V7_MEMBER(LowPlasticDensity135),
     V7_MEMBER(LowPlasticDensity130),
     V7_MEMBER(LowPlasticDensity125),
@@ -102,6 +84,7 @@ struct FnEstUnfrozenWCType {
     V7_MEMBER(HighPlastic),
   };
 };
+#undef V7_KERSTEN_MEMBERS
 #undef V7_MEMBER
 
 // Unfrozen volumetric water content of a sample soil at a temperature (C).

@@ -68,12 +68,6 @@ inline bool IsMissing(const Func2D& f) { return f.strName_.empty() && f.fn_.IsUn
 // Resets to the default (missing) record with an empty description.
 inline void SetMissing(Func2D& f) { f = Func2D(); }
 
-template <class T>
-class TQVContainerTableNoStoredID : public QVContainerTable<T> {
- public:
-  TQVContainerTableNoStoredID() = default;
-};
-
 // One numbered list of functions of one family.
 class Func2DTable : public TQVContainerTableNoStoredID<Func2D> {
  public:

@@ -5,7 +5,6 @@
 #include <cstdint>
 #include <string>
 
-#include "V7Doc/core/QVContainerPolicies.h"
 #include "V7Doc/core/QVContainerTable.h"
 
 namespace v7 {
@@ -38,13 +37,6 @@ struct PIPESURF_INFO {
 };
 inline bool IsMissing(const PIPESURF_INFO& p) { return p == PIPESURF_INFO{}; }
 inline void SetMissing(PIPESURF_INFO& p) { p = PIPESURF_INFO{}; }
-
-template <class T>
-class TQVContainerTableNoStoredIDCustomUndo
-    : public QVContainerTable<T, QVContainerNoStoredIDPolicy<T>, QVContainerOpUndoPolicy<T>> {
- public:
-  TQVContainerTableNoStoredIDCustomUndo() = default;
-};
 
 class ThermosyphonTable : public TQVContainerTableNoStoredIDCustomUndo<THERMOSYPHON_INFO> {};
 class ConvectiveSurfaceTable : public TQVContainerTableNoStoredIDCustomUndo<PIPESURF_INFO> {};

@@ -33,6 +33,8 @@ TEST(Declaration, ValidateMetaDataChecksTraitsAgainstType) {
       {oc::ValueType::Enum, with_table(T{}.Default(L"Granite")), false},
       {oc::ValueType::Double, with_table(T{}), false},
       {oc::ValueType::Struct, T{}.Default(L"1"), false},
+      {oc::ValueType::Double, T{}.Default(L"inf"), false},  // non-finite unless declared so
+      {oc::ValueType::Int32, T{}.Flag(T::NonFinite), false},
   };
   for (std::size_t i = 0; i < std::size(cases); ++i)
     EXPECT_EQ(oc::ValidateMetaData(cases[i].type, cases[i].traits).succeeded(), cases[i].ok) << "case " << i;

@@ -18,37 +18,23 @@ class HostileXml : public ::testing::Test {
   static gtl::status Read(const std::string& xml, Doc& into) { return oc::xml::StringRead(xml, oc::Store(into)); }
 };
 
-// NaN and the infinities, in every spelling from_chars takes, are refused
-// in a double member unless it is declared to allow them.
+// NaN and the infinities are refused by Set, as text and as a double, in a
+// double member unless it is declared to allow them; one that allows them
+// reads, takes and writes them back. (The reader's refusals of hostile
+// texts are one table with the document's malformed inputs.)
 TEST_F(HostileXml, NonFiniteNumbersAreRefusedUnlessAllowed) {
-  const char* spellings[] = {"NaN", "nan", "inf", "-Infinity", "INF", " -nan "};
-  for (const char* text : spellings) {
-    SCOPED_TRACE(text);
-    Doc d = SampleDoc();
-    const Doc before = d;
-    const std::string xml = std::string("<TestDoc>\n<Tolerance>") + text + "</Tolerance></TestDoc>";
-    const gtl::status s = Read(xml, d);
-    EXPECT_EQ(s.id(), 31062u) << s.message_utf8();
-    EXPECT_NE(s.message().find(L"at Tolerance, line 2"), std::wstring::npos) << s.message_utf8();
-    EXPECT_TRUE(d == before);
-    // Elements of a value array and members of nested records alike.
-    const std::string nested = std::string("<TestDoc><Layers><Layer><ID>1</ID>\n<ElapsedTimes><Time>1</Time><Time>") +
-                               text + "</Time></ElapsedTimes></Layer></Layers></TestDoc>";
-    EXPECT_EQ(Read(nested, d).id(), 31062u);
-    // Through Set, as text and as a double.
-    Doc live = SampleDoc();
-    oc::IOC n;
-    ASSERT_TRUE(oc::Find(oc::Store(live), L"Tolerance", n).succeeded());
-    const gtl::status set = n.Set(str::to_wstring(text));
-    EXPECT_EQ(set.id(), 31063u) << set.message_utf8();
-    EXPECT_NE(set.message().find(L"Tolerance"), std::wstring::npos);
-    EXPECT_EQ(live.fTolerance_, before.fTolerance_);
-  }
   Doc live = SampleDoc();
+  const double before = live.fTolerance_;
   oc::IOC n;
   ASSERT_TRUE(oc::Find(oc::Store(live), L"Tolerance", n).succeeded());
+  for (const wchar_t* text : {L"NaN", L"nan", L"inf", L"-Infinity", L"INF", L" -nan "}) {
+    const gtl::status set = n.Set(std::wstring_view(text));
+    EXPECT_EQ(set.id(), 31063u) << set.message_utf8();
+    EXPECT_NE(set.message().find(L"Tolerance"), std::wstring::npos);
+  }
   EXPECT_EQ(n.Set(std::nan("")).id(), 31063u);
   EXPECT_EQ(n.Set(-HUGE_VAL).id(), 31063u);
+  EXPECT_EQ(live.fTolerance_, before);
   // A member declared to allow them takes them and writes them back.
   Doc d;
   ASSERT_TRUE(Read("<TestDoc><Items><Item><ID>1</ID><Value>-inf</Value></Item></Items></TestDoc>", d).succeeded());
@@ -61,72 +47,6 @@ TEST_F(HostileXml, NonFiniteNumbersAreRefusedUnlessAllowed) {
   Doc back;
   ASSERT_TRUE(Read(xml, back).succeeded()) << xml;
   EXPECT_TRUE(std::isnan(back.items_.At(1).fValue_));
-  // The declaration itself is checked.
-  EXPECT_TRUE(oc::ValidateMetaData(oc::ValueType::Double, meta::MetaDataTraits{}.Default(L"inf")).failed());
-  EXPECT_TRUE(oc::ValidateMetaData(oc::ValueType::Int32,
-                                   meta::MetaDataTraits{}.Flag(meta::MetaDataTraits::NonFinite))
-                  .failed());
-}
-
-// A document is its root element: whatever stands beside it would be lost
-// by the next save, so it is refused with its line.
-TEST_F(HostileXml, ContentOutsideTheRootIsRefused) {
-  const struct {
-    const char* xml;
-    const wchar_t* part;  // nullptr: read
-  } cases[] = {
-      {"<TestDoc/>\n<TestDoc/>", L"line 2: element <TestDoc>"},
-      {"<TestDoc/>\n\n<Other><x/></Other>", L"line 3: element <Other>"},
-      {"<TestDoc/>trailing", L"text \"trailing\""},
-      {"<TestDoc/>&amp;", L"text \"&\""},
-      {"junk<TestDoc/>", L"text \"junk\""},
-      {"<TestDoc/><![CDATA[x]]>", L"text \"x\""},
-      {"<?xml version=\"1.0\"?>\n<TestDoc/>\n<!-- a comment -->\n  \n", nullptr},
-      {"\n  <TestDoc/>  \n<?pi after?>", nullptr},
-  };
-  for (const auto& c : cases) {
-    SCOPED_TRACE(c.xml);
-    Doc d = SampleDoc();
-    const Doc before = d;
-    const gtl::status s = Read(c.xml, d);
-    if (!c.part) {
-      EXPECT_TRUE(s.succeeded()) << s.message_utf8();
-      continue;
-    }
-    EXPECT_EQ(s.id(), 31064u) << s.message_utf8();
-    EXPECT_NE(s.message().find(c.part), std::wstring::npos) << s.message_utf8();
-    EXPECT_TRUE(d == before);
-  }
-}
-
-// A text that is not UTF-8 would read with replacement characters and be
-// written back changed: it is refused with its path, line and byte.
-TEST_F(HostileXml, TextThatIsNotUtf8IsRefused) {
-  const struct {
-    const char* bytes;
-    const char* byte;  // the one-based byte named; nullptr: read as is
-  } cases[] = {
-      {"ab\xff", "byte 3"},          {"\xc0\xaf", "byte 1"},          // overlong "/"
-      {"x\xed\xa0\x80", "byte 2"},   {"\xf4\x90\x80\x80", "byte 1"},  // a surrogate; above U+10FFFF
-      {"\xe2\x82", "byte 1"},         {"\x80", "byte 1"},
-      {"\xe2\x82\xac \xf0\x9d\x84\x9e \xc3\xa9", nullptr},  // euro, G clef, e acute
-  };
-  for (const auto& c : cases) {
-    SCOPED_TRACE(c.bytes);
-    Doc d = SampleDoc();
-    const Doc before = d;
-    const gtl::status s = Read(std::string("<TestDoc>\n<Title>") + c.bytes + "</Title></TestDoc>", d);
-    if (!c.byte) {
-      ASSERT_TRUE(s.succeeded()) << s.message_utf8();
-      EXPECT_EQ(str::to_utf8(d.title_), c.bytes);
-      continue;
-    }
-    EXPECT_EQ(s.id(), 31067u) << s.message_utf8();
-    EXPECT_NE(s.message_utf8().find(std::string("Title, line 2, is not valid UTF-8 (") + c.byte),
-              std::string::npos)
-        << s.message_utf8();
-    EXPECT_TRUE(d == before);
-  }
 }
 
 // An enumeration name this version does not know reads as undefined with
@@ -185,43 +105,6 @@ TEST_F(HostileXml, TextWithNulIsRefusedNotCut) {
   EXPECT_TRUE(xml.empty());
   d.layers_.At(3).name_ = L"left right";
   EXPECT_TRUE(oc::xml::StringWrite(oc::Store(d), xml).succeeded());
-}
-
-// IDs far beyond the number of records would make the table build a slot
-// (a whole record) for every number below them. An ID may leave as many
-// empty slots as the table has records, or 1024, and the empty slots of
-// one read stay within a budget proportional to the text; beyond that the
-// ID is refused with its table and line.
-TEST_F(HostileXml, HugeIDsAreRefusedNotAllocated) {
-  auto table = [](std::size_t rows, std::uint64_t last_id) {
-    std::string xml = "<TestDoc><Layers>";
-    for (std::size_t i = 1; i <= rows; ++i) xml += "<Layer><ID>" + std::to_string(i) + "</ID></Layer>";
-    xml += "\n<Layer><ID>" + std::to_string(last_id) + "</ID></Layer></Layers></TestDoc>";
-    return xml;
-  };
-  const struct {
-    std::size_t rows;
-    std::uint64_t id;
-    bool read;
-  } cases[] = {
-      {0, 1024, true},    {0, 1025, true},      {0, 1026, false},  // one record: 1 + max(1, 1024)
-      {3000, 6001, true}, {3000, 6002, true},   {3000, 6003, false},
-      {16000, 1024000, false}, {0, 65536, false}, {0, 4294967295u, false},
-  };
-  for (const auto& c : cases) {
-    SCOPED_TRACE(std::to_string(c.rows) + " rows, then ID " + std::to_string(c.id));
-    Doc d;
-    const gtl::status s = Read(table(c.rows, c.id), d);
-    if (c.read) {
-      ASSERT_TRUE(s.succeeded()) << s.message_utf8();
-      EXPECT_EQ(d.layers_.Size(), c.id);
-      continue;
-    }
-    EXPECT_EQ(s.id(), 31066u) << s.message_utf8();
-    EXPECT_NE(s.message().find(L"ID " + std::to_wstring(c.id) + L" in Layers, line 2"), std::wstring::npos)
-        << s.message_utf8();
-    EXPECT_EQ(d.layers_.Size(), 0u);
-  }
 }
 
 }  // namespace

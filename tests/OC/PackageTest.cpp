@@ -9,12 +9,9 @@
 #include <unistd.h>
 #include <zip.h>
 
-#include "OC/Schema.h"
 #include "OC/package/AtomicFile.h"
 #include "OC/package/Package.h"
-#include "OC/xml/XML.h"
 #include "QVI/str/Convert.h"
-#include "tests/OC/TestRecords.h"
 
 namespace octest {
 namespace {
@@ -41,10 +38,7 @@ TEST(Package, EntryNamesMustStayInside) {
 }
 
 TEST(Package, SaveOpenListRead) {
-  RegisterTestTypes();
-  Doc d = SampleDoc();
-  std::string xml;
-  ASSERT_TRUE(oc::xml::StringWrite(oc::Store(d), xml).succeeded());
+  const std::string xml = "<TestDoc Version=\"7.1\">\n  <Title>\u00e9</Title>\n</TestDoc>\n";
   Package p;
   ASSERT_TRUE(p.Write(Package::kDocumentEntry, xml).succeeded());
   ASSERT_TRUE(p.Write(Package::JoinEntry(L"Analysis1", L"Heads.csv"), "x,y\n1,2\n").succeeded());
@@ -57,9 +51,7 @@ TEST(Package, SaveOpenListRead) {
   EXPECT_EQ(q.List(), (std::vector<std::wstring>{L"Analysis1/Heads.csv", L"Document.xml"}));
   std::string back;
   ASSERT_TRUE(q.Read(Package::kDocumentEntry, back).succeeded());
-  Doc loaded;
-  ASSERT_TRUE(oc::xml::StringRead(back, oc::Store(loaded)).succeeded());
-  EXPECT_TRUE(loaded == d);
+  EXPECT_EQ(back, xml);
   EXPECT_EQ(q.Read(L"missing.csv", back).id(), 31022u);
 }
 
@@ -98,24 +90,11 @@ void WriteZip(const std::wstring& path, const std::vector<std::pair<std::string,
   for (const auto& [name, bytes] : entries) {
     const zip_int64_t i = zip_file_add(z, name.c_str(), zip_source_buffer(z, bytes.data(), bytes.size(), 0), 0);
     ASSERT_GE(i, 0);
-    if (name != "Document.xml")
+    if (name != "Document.xml") {
       ASSERT_EQ(zip_set_file_compression(z, static_cast<zip_uint64_t>(i), method, 0), 0);
+    }
   }
   ASSERT_EQ(zip_close(z), 0);
-}
-
-TEST(Package, HostileArchivesAreRefused) {
-  // An archive made by another tool with an entry that escapes.
-  const std::wstring path = TempPath("oc_evil.qvz");
-  WriteZip(path, {{"../../escape.txt", "x"}}, ZIP_CM_STORE);
-  Package p;
-  EXPECT_EQ(p.Open(path).id(), 31021u);
-  // Not a zip at all, and no file.
-  const std::wstring junk = TempPath("oc_junk.qvz");
-  ASSERT_TRUE(oc::package::WriteFileAtomic(junk, "not a zip").succeeded());
-  EXPECT_EQ(p.Open(junk).id(), 31020u);
-  EXPECT_EQ(p.Open(TempPath("oc_none.qvz")).id(), 31020u);
-  EXPECT_TRUE(p.List().empty());
 }
 
 TEST(Package, ReadLimitsBoundEachEntryAndTheWhole) {

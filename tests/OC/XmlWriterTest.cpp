@@ -32,7 +32,7 @@ class XmlWriter : public ::testing::Test {
 // a NUL inside the text (the text ends there, as in a C string), characters
 // beyond ASCII and code points UTF-8 cannot carry.
 std::vector<std::wstring> AwkwardTexts() {
-  std::vector<std::wstring> texts = {L"", L" ", L"<&>\"'", L"]]>", L"a\r\nb\rc\n\t",
+  std::vector<std::wstring> texts = {L"", L" ", L"  two  ", L"<&>\"'", L"]]>", L"a\r\nb\rc\n\t",
                                      L"\x01\x08\x0b\x0c\x1f", L"ünïcødé ∑ 𝄞", L"ab\0cd", L"\0x",
                                      L"&amp; already", L"\xD800 lone surrogate",
                                      std::wstring(1, static_cast<wchar_t>(0x110000))};
@@ -45,7 +45,7 @@ std::vector<std::wstring> AwkwardTexts() {
   return texts;
 }
 
-TEST_F(XmlWriter, TextsAreEscapedAsTheDomWould) {
+TEST_F(XmlWriter, TextsAreEscapedAsTheDomWouldAndReadBack) {
   for (const std::wstring& t : AwkwardTexts()) {
     Doc d;
     d.title_ = t;
@@ -53,7 +53,14 @@ TEST_F(XmlWriter, TextsAreEscapedAsTheDomWould) {
     Layer l;
     l.name_ = t;
     d.layers_.Add(l);
-    EXPECT_EQ(Write(d), ReferenceDomWriter::Write(oc::Store(d))) << str::to_utf8(t);
+    const std::string xml = Write(d);
+    EXPECT_EQ(xml, ReferenceDomWriter::Write(oc::Store(d))) << str::to_utf8(t);
+    // A text of valid code points reads back with every character.
+    if (str::to_wstring(str::to_utf8(t)) != t) continue;
+    Doc back;
+    ASSERT_TRUE(oc::xml::StringRead(xml, oc::Store(back)).succeeded()) << xml;
+    EXPECT_EQ(back.title_, t) << xml;
+    EXPECT_EQ(back.notes_, d.notes_) << xml;
   }
 }
 

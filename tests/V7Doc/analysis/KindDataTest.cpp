@@ -12,49 +12,9 @@ struct KindDataInDocument : ::testing::Test {
   void SetUp() override {
     doc.DataInit();
     for (int i = 0; i < 3; ++i) doc.Analyses().Add(ANALYSIS{});
-    for (int i = 0; i < 4; ++i) doc.Materials().Add(MATL{});
-    for (int i = 0; i < 3; ++i) doc.FunctionList(container::StressBFns)->Add(Func2D(L"f"));
-    auto& stab = doc.StabItems().Get(2);
-    stab.vSurcharges_.Add(SurchargeLoad{0, L"fill", 20, {}, 3, VariationType::Linear});
-    stab.vSurcharges_.Add(SurchargeLoad{0, L"gone", 20, {}, 1, VariationType::Linear});
-    stab.vSurcharges_.Add(SurchargeLoad{0, L"last", 20, {}, 2, VariationType::Linear});
-    stab.vSurcharges_.Delete({2});
-    stab.vPiezometricLines_.push_back({L"piezo", {}, {2, 4, 2}, InputDefinition::Define, false});
-    doc.HydroItems().Get(1).vInitialWaterTables_.push_back({L"wt", {}, {4}, {}, false});
   }
   QVDocument doc;
 };
-
-TEST_F(KindDataInDocument, UsageQueriesReachThePerKindData) {
-  UsageList usage;
-  doc.ContainerManager().GetUsageOf(container::Materials, usage);
-  ASSERT_EQ(usage.size(), 5u);
-  EXPECT_EQ(usage[2], (std::vector<GGID>{{container::StabItems, 2}}))
-      << "one entry, though the line names material 2 twice";
-  EXPECT_EQ(usage[4], (std::vector<GGID>{{container::HydroItems, 1}, {container::StabItems, 2}}));
-  EXPECT_TRUE(usage[1].empty());
-
-  doc.ContainerManager().GetUsageOf(container::StressBFns, usage);
-  ASSERT_EQ(usage.size(), 4u);
-  EXPECT_EQ(usage[3], (std::vector<GGID>{{container::StabItems, 2}}));
-  EXPECT_TRUE(usage[1].empty()) << "a deleted surcharge refers to nothing";
-}
-
-TEST_F(KindDataInDocument, DeletionAndCompactionRepairReferences) {
-  doc.Materials().Delete({2});
-  const auto& line = doc.StabItems().Find(2)->vPiezometricLines_[0];
-  EXPECT_EQ(line.vMaterials_, (std::vector<GID>{4}));
-  doc.ContainerManager().FullCompact();
-  EXPECT_EQ(doc.StabItems().Find(2)->vPiezometricLines_[0].vMaterials_, (std::vector<GID>{3}));
-  EXPECT_EQ(doc.HydroItems().Find(1)->vInitialWaterTables_[0].vMaterials_, (std::vector<GID>{3}));
-  const auto& surcharges = doc.StabItems().Find(2)->vSurcharges_;
-  ASSERT_EQ(surcharges.Size(), 2u) << "deleted surcharges squeezed out";
-  EXPECT_EQ(surcharges.At(2).name_, L"last");
-  EXPECT_EQ(surcharges.At(2).nID_, 2u) << "stored ID follows the slot";
-
-  doc.FunctionList(container::StressBFns)->Delete({3});
-  EXPECT_EQ(doc.StabItems().Find(2)->vSurcharges_.At(1).fnNum_, 0u) << "now a constant surcharge";
-}
 
 // A full compaction squeezes the identified lists of the per-kind data; the
 // flux labels follow their sections, and a label whose section is gone

@@ -65,43 +65,46 @@ TEST(Manager, RegistrationByIDAndName) {
   m.UnRegister(&a);
   EXPECT_EQ(m.GetContainer(GID{4}), nullptr);
   EXPECT_FALSE(a.IsRegistered());
-}
-
-TEST(Manager, ContainerDestroyedBeforeManagerUnregisters) {
-  QVContainerManager m;
   {
     QVContainerTable<Rec> t;
     m.Register(&t, L"T", 4);
   }
-  EXPECT_EQ(m.Count(), 0u);
+  EXPECT_EQ(m.Count(), 1u) << "a container destroyed first unregisters itself";
   EXPECT_EQ(m.GetContainer(std::wstring(L"T")), nullptr);
 }
 
-TEST(Usage, QueryCollectsEverySubscriberAndSkipsTheTargetItself) {
+TEST(Usage, QueryCollectsEverySubscriberAndNoticesReachThem) {
   QVContainerManager m;
   QVContainerTable<Rec> targets;
   Referrer users(4), others(5);
   m.Register(&targets, L"Targets", 4);
   m.Register(&users, L"Users", 8);
   m.Register(&others, L"Others", 9);
-  for (int i = 0; i < 3; ++i) targets.Add(Rec{});
+  for (int i = 0; i < 4; ++i) targets.Add(Rec{});
   users.Add(Rec{2});
   users.Add(Rec{2});
   users.Add(Rec{3});
+  users.Add(Rec{4});
   others.Add(Rec{1});  // refers to container 5, not 4
 
   UsageList usage;
   m.GetUsageOf(4, usage);
-  ASSERT_EQ(usage.size(), 4u) << "sized by the target's answer to MaxID";
+  ASSERT_EQ(usage.size(), 5u) << "sized by the target's answer to MaxID";
   EXPECT_TRUE(usage[1].empty());
   EXPECT_EQ(usage[2], (std::vector<GGID>{{8, 1}, {8, 2}}));
   EXPECT_EQ(usage[3], (std::vector<GGID>{{8, 3}}));
-  EXPECT_EQ(m.MaxID(4), 4u);
+  EXPECT_EQ(m.MaxID(4), 5u);
   EXPECT_EQ(m.MaxID(99), 0u);
-
   UsageList untouched{{GGID{1, 1}}};
   m.GetUsageOf(99, untouched);
   EXPECT_EQ(untouched.size(), 1u) << "an unregistered GID leaves the list as it was";
+
+  users.log.clear();
+  targets.Delete({2, 9});
+  m.FullCompact();
+  EXPECT_EQ(users.log, (std::vector<std::string>{"delete 4:1", "update 4"}));
+  EXPECT_EQ(users.At(4).ref, 3u) << "the reference followed its record through compaction";
+  EXPECT_EQ(users.At(1).ref, 0u) << "a reference to the deleted record is cleared";
 }
 
 TEST(Usage, SharedSlotZeroReachesSubscribersOfEveryUnbandedID) {
@@ -116,21 +119,6 @@ TEST(Usage, SharedSlotZeroReachesSubscribersOfEveryUnbandedID) {
   EXPECT_EQ(m.Subscribers(1010), m.Subscribers(0));
   EXPECT_EQ(m.Subscribers(1020).size(), 1u) << "subscribing to 1010 also hears about 1020";
   EXPECT_EQ(listener.log, (std::vector<std::string>{"add 1010:1", "add 1020:1"}));
-}
-
-TEST(Notices, AddDeleteAndCompactReachSubscribers) {
-  QVContainerManager m;
-  QVContainerTable<Rec> targets;
-  Referrer users(4);
-  m.Register(&targets, L"Targets", 4);
-  m.Register(&users, L"Users", 8);
-  for (int i = 0; i < 4; ++i) targets.Add(Rec{});
-  users.Add(Rec{4});
-  users.log.clear();
-  targets.Delete({2, 9});
-  m.FullCompact();
-  EXPECT_EQ(users.log, (std::vector<std::string>{"delete 4:1", "update 4"}));
-  EXPECT_EQ(users.At(1).ref, 3u) << "the reference followed its record through compaction";
 }
 
 TEST(Manager, WholeDocumentOperationsAndCleanupActions) {
@@ -156,7 +144,7 @@ TEST(Manager, WholeDocumentOperationsAndCleanupActions) {
   EXPECT_EQ(action->reasons, (std::vector<R>{R::UndoFreeMemory, R::Clear, R::Destroy}));
 }
 
-TEST(Assoc, InsertKeepsKeysSortedAndUnique) {
+TEST(Assoc, KeysStaySortedAndUniqueThroughInsertAndErase) {
   QVContainerAssoc<GID> a;
   for (GID key : {5u, 1u, 3u}) a.Insert(key, key * 10);
   a.Insert(3, 99);
@@ -166,25 +154,18 @@ TEST(Assoc, InsertKeepsKeysSortedAndUnique) {
   EXPECT_EQ(*a.Get(5), 50u);
   EXPECT_EQ(a.Get(4), nullptr);
   EXPECT_EQ(a.Find(a.Get(3))->first, 3u);
-}
-
-TEST(Assoc, EraseByKeyList) {
-  struct Case {
+  const struct {
     std::vector<GID> erase;
     std::vector<GID> remaining;
   } cases[] = {
-      {{}, {1, 2, 3, 4}},
-      {{2, 4}, {1, 3}},
-      {{7, 8}, {1, 2, 3, 4}},
-      {{4, 3, 2, 1}, {}},
-      {{2, 2, 9}, {1, 3, 4}},
+      {{}, {1, 2, 3, 4}}, {{2, 4}, {1, 3}}, {{7, 8}, {1, 2, 3, 4}}, {{4, 3, 2, 1}, {}}, {{2, 2, 9}, {1, 3, 4}},
   };
   for (const auto& c : cases) {
-    QVContainerAssoc<int> a;
-    for (GID k : {4u, 2u, 1u, 3u}) a.Insert(k, static_cast<int>(k));
-    a.Erase(c.erase);
+    QVContainerAssoc<int> b;
+    for (GID k : {4u, 2u, 1u, 3u}) b.Insert(k, static_cast<int>(k));
+    b.Erase(c.erase);
     std::vector<GID> keys;
-    for (const auto& e : a) {
+    for (const auto& e : b) {
       keys.push_back(e.first);
       EXPECT_EQ(e.second, static_cast<int>(e.first)) << "values stay with their keys";
     }

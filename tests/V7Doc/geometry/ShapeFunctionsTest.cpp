@@ -90,30 +90,6 @@ std::array<double, 2> RandomPoint(const Form& f, std::mt19937& gen) {
   return {u(gen), u(gen)};
 }
 
-// Values: against the closed forms (1e-14 absolute; both sides are a few
-// flops on numbers of order 1) and partition of unity for every form,
-// complete or not (1e-14).
-TEST(ShapeFunctions, ValuesAgreeWithClosedFormsAndSumToOne) {
-  std::mt19937 gen(12345);
-  for (const Form& f : kForms) {
-    for (int k = 0; k < 200; ++k) {
-      const auto [r, s] = RandomPoint(f, gen);
-      double N[8], R[8];
-      Shape_Function(N, r, s, f.nodes.data());
-      double sum = 0;
-      for (int i = 0; i < 8; ++i) {
-        sum += N[i];
-        if (!Present(f, i)) {
-          EXPECT_EQ(N[i], 0) << f.name << " node " << i;
-        }
-      }
-      EXPECT_NEAR(sum, 1, 1e-14) << f.name << " at " << r << "," << s;
-      if (!Reference(f, r, s, R)) continue;
-      for (int i = 0; i < 8; ++i) EXPECT_NEAR(N[i], R[i], 1e-14) << f.name << " N" << i + 1;
-    }
-  }
-}
-
 // N_i is 1 at node i and 0 at every other present node (exact to 1e-15).
 TEST(ShapeFunctions, NodalDeltaProperty) {
   for (const Form& f : kForms)
@@ -128,32 +104,36 @@ TEST(ShapeFunctions, NodalDeltaProperty) {
     }
 }
 
-// Derivatives: against central differences of Shape_Function with h = 1e-5
-// (the functions are at most quadratic per variable, so the difference is
-// exact up to rounding, ~1e-16/h = 1e-11; tolerance 1e-9), and each row sums
-// to 0 (1e-14).
-TEST(ShapeFunctions, DerivativesMatchFiniteDifferences) {
-  std::mt19937 gen(99);
+// At seeded random points of every form, complete or not: values against
+// the closed forms (1e-14 absolute; both sides are a few flops on numbers
+// of order 1), values summing to one (1e-14); derivatives against central
+// differences of Shape_Function with h = 1e-5 (the functions are at most
+// quadratic per variable, so the difference is exact up to rounding,
+// ~1e-16/h = 1e-11; tolerance 1e-9), each row summing to 0 (1e-14).
+TEST(ShapeFunctions, ValuesAndDerivativesAgreeWithIndependentForms) {
+  std::mt19937 gen(12345);
   const double h = 1e-5;
   for (const Form& f : kForms) {
     for (int k = 0; k < 200; ++k) {
       const auto [r, s] = RandomPoint(f, gen);
-      double dN[2][8];
+      double N[8], R[8], dN[2][8], Np[2][8], Nm[2][8];
+      Shape_Function(N, r, s, f.nodes.data());
       Shape_Derivative(dN, r, s, f.nodes.data());
-      double Np[8], Nm[8];
-      Shape_Function(Np, r + h, s, f.nodes.data());
-      Shape_Function(Nm, r - h, s, f.nodes.data());
-      double sr = 0, ss = 0;
+      Shape_Function(Np[0], r + h, s, f.nodes.data());
+      Shape_Function(Nm[0], r - h, s, f.nodes.data());
+      Shape_Function(Np[1], r, s + h, f.nodes.data());
+      Shape_Function(Nm[1], r, s - h, f.nodes.data());
+      const bool closed = Reference(f, r, s, R);
+      double sum = 0, sr = 0, ss = 0;
       for (int i = 0; i < 8; ++i) {
-        EXPECT_NEAR(dN[0][i], (Np[i] - Nm[i]) / (2 * h), 1e-9) << f.name << " dN" << i + 1 << "/dr";
-        sr += dN[0][i];
+        sum += N[i], sr += dN[0][i], ss += dN[1][i];
+        EXPECT_TRUE(Present(f, i) || N[i] == 0) << f.name << " node " << i;
+        EXPECT_NEAR(N[i], closed ? R[i] : N[i], 1e-14) << f.name << " N" << i + 1;
+        for (int d = 0; d < 2; ++d)
+          EXPECT_NEAR(dN[d][i], (Np[d][i] - Nm[d][i]) / (2 * h), 1e-9)
+              << f.name << " dN" << i + 1 << "/d" << "rs"[d];
       }
-      Shape_Function(Np, r, s + h, f.nodes.data());
-      Shape_Function(Nm, r, s - h, f.nodes.data());
-      for (int i = 0; i < 8; ++i) {
-        EXPECT_NEAR(dN[1][i], (Np[i] - Nm[i]) / (2 * h), 1e-9) << f.name << " dN" << i + 1 << "/ds";
-        ss += dN[1][i];
-      }
+      EXPECT_NEAR(sum, 1, 1e-14) << f.name << " at " << r << "," << s;
       EXPECT_NEAR(sr, 0, 1e-14) << f.name;
       EXPECT_NEAR(ss, 0, 1e-14) << f.name;
     }

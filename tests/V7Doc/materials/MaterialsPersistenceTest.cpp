@@ -18,31 +18,6 @@ T RoundTrip(T& rec, std::string* xmlOut = nullptr) {
   return back;
 }
 
-TEST(MaterialsPersistence, FilledMaterialRoundTrips) {
-  MATL m;
-  m.sDescription() = L"Silty clay <wet> & \"soft\"";
-  m.DeformModel() = DeformMatlModel::EffectivePWPCamClay;
-  m.StabModel() = StabMatlModel::MohrCoulombSpatial;
-  m.external().SetFields(L"a=1;b=2");
-  m.Hydraulic().dHKSat() = 1.0 / 3.0 * 1e-7;
-  m.Thermal().UseInitTemp() = true;
-  m.Contam().UseInitC() = true;
-  m.Gas().UseInitGasC() = false;
-  m.Stress().StabWeightModel() = MatlPropModel::SpatialFunction;
-  m.Stress().UseSteadyStateStrength() = -1;
-  m.Stress().fnStabPhiStored() = IFn::Constant(31.5);
-  m.Stress().min() = 1e-300;
-  std::string xml;
-  const MATL back = RoundTrip(m, &xml);
-  EXPECT_EQ(back.UndoEquality(m), 1);
-  EXPECT_EQ(back.Stress().fnStabPhiStored()(0), 31.5);
-  // Crossed flag names stand where they belong; models are written as names.
-  for (const char* part : {"<Contaminant>", "<UseInitGasC>true</UseInitGasC>",
-                           "<StabModel>MohrCoulombSpatial</StabModel>",
-                           "<StabWeightModel>Spatial Function</StabWeightModel>"})
-    EXPECT_NE(xml.find(part), std::string::npos) << part;
-}
-
 TEST(MaterialsPersistence, CrossedFlagsAndLegacyMemberRead) {
   const struct {
     const char* xml;
@@ -98,27 +73,6 @@ TEST(MaterialsPersistence, BoundaryConditionRoundTrips) {
     EXPECT_EQ(BoundaryTypeOf(back.DOF(slot)), BoundaryTypeOf(bc.DOF(slot))) << d;
   }
   EXPECT_EQ(BoundaryTypeOf(back.fnThermBoundary), 4);  // thermal kind, not hydraulic 9
-}
-
-TEST(MaterialsPersistence, ClimateSetAndSurfacesRoundTrip) {
-  CLIMATE_INFO c;
-  c.DataInit();
-  c.eDist = ClimateDist::SlopeAvgDist;
-  c.Mod.nMaxTemp = -2;
-  for (int d = 1; d <= 2; ++d) c.hClimateMem.push_back({.nDay = d, .fmaxT = 25.5 - d, .dEndPrecip = 0.75});
-  std::string xml;
-  EXPECT_EQ(RoundTrip(c, &xml), c);
-  EXPECT_NE(xml.find("<Distribution>SlopeAvgDist</Distribution>"), std::string::npos);
-  THERMOSYPHON_INFO t{L"ts", 6, 2.5, 10, 1, 1};
-  EXPECT_EQ(RoundTrip(t), t);
-  PIPESURF_INFO p{L"culvert", 25, 4, true};
-  EXPECT_EQ(RoundTrip(p), p);
-  Associations a;
-  a.nAnalysisID_ = 3;
-  a.SetRegionMaterial(2, 5);
-  a.SetBC(6, GGID(2, 7), 1);
-  a.SetBC(1, GGID(1, 4), 2);
-  EXPECT_EQ(RoundTrip(a), a);
 }
 
 }  // namespace

@@ -1,6 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <string>
 
 #include "OC/Schema.h"
@@ -10,44 +9,6 @@
 
 namespace v7 {
 namespace {
-
-template <class T>
-std::string Write(T& rec) {
-  std::string xml;
-  EXPECT_TRUE(oc::xml::StringWrite(oc::Store(rec), xml).succeeded());
-  return xml;
-}
-
-template <class T>
-void ExpectRoundTrip(T rec) {
-  const std::string xml = Write(rec);
-  T back;
-  oc::xml::ReadReport report;
-  const gtl::status s = oc::xml::StringRead(xml, oc::Store(back), &report);
-  ASSERT_TRUE(s.succeeded()) << s.message_utf8() << "\n" << xml;
-  EXPECT_TRUE(report.messages.empty()) << report.messages[0].message_utf8();
-  EXPECT_TRUE(back == rec) << xml;
-  EXPECT_EQ(Write(back), xml);
-}
-
-TEST(ResultRecords, RoundTripThroughXml) {
-  // The contour round trip is in the whole-document tests.
-  ResultGraph g;
-  g.SetName(L"Flux <section> & \"toe\"");
-  g.SetDepParam(DataParamType::WaterFlux);
-  g.SetTimeSelection(ResultTimeSelection::SelectedTimes);
-  g.SetElapsedTimes({0.0, 86400.0, 1e-9});
-  g.SetSources({GGID(52, 1), GGID(0xFFFFFFFFu, 2)});
-  g.SetDampingRatio(0.02);
-  ExpectRoundTrip(g);
-  ExpectRoundTrip(CutLine{L"Crest profile", 10.25, 30.0, 10.25, -5.0, 41});
-  ResultSet set;
-  set.name_ = L"Drawdown day 5";
-  set.nStep_ = 12;
-  set.fFontSize_ = 11.5;
-  set.view_ = {-5.0, -10.0, 60.0, 25.0};
-  ExpectRoundTrip(set);
-}
 
 // Malformed values fail the read and leave the record as it was; values out
 // of a member's bounds are kept but warned about, naming the member.
@@ -112,43 +73,6 @@ TEST(ResultRecords, BuiltFromAnalysisAndViewAndCleared) {
   EXPECT_EQ(c.Level(9), 50.0);
   EXPECT_DOUBLE_EQ((CutLine{L"", 1, 1, 4, 5}.Length()), 5.0);
   EXPECT_EQ((CutLine{L"", 1, 1, 1, 1}.Length()), qvi::kNoValue);
-}
-
-TEST(ResultRecords, ResultSetsFollowTheirAnalysisAndContour) {
-  QVDocument doc;
-  doc.DataInit();
-  for (int i = 0; i < 3; ++i) doc.Analyses().Add(ANALYSIS{});
-  for (int i = 0; i < 3; ++i) doc.ResultContours().Add(ResultContour{});
-  ResultSet s;
-  s.analysis_ = 3;
-  s.contour_ = 2;
-  doc.ResultSets().Add(s);
-  s.analysis_ = 1;
-  s.contour_ = 3;
-  doc.ResultSets().Add(s);
-  ResultGraph g;
-  g.SetSources({GGID(container::Analyses, 3), GGID(container::CutLines, 1)});
-  doc.ResultGraphs().Add(g);
-
-  UsageList usage;
-  doc.ContainerManager().GetUsageOf(container::Analyses, usage);
-  ASSERT_GE(usage.size(), 4u);
-  std::sort(usage[3].begin(), usage[3].end());
-  EXPECT_EQ(usage[3], (std::vector<GGID>{GGID(container::ResultGraphs, 1),
-                                         GGID(container::ResultSets, 1)}));
-  EXPECT_EQ(usage[1], (std::vector<GGID>{GGID(container::ResultSets, 2)}));
-
-  // Deleting analysis 1 clears set 2's reference; compaction renumbers 3 -> 2.
-  doc.Analyses().Delete({1});
-  EXPECT_EQ(doc.ResultSets().At(2).analysis_, 0u);
-  doc.ResultContours().Delete({1});
-  doc.ContainerManager().FullCompact();
-  EXPECT_EQ(doc.ResultSets().At(1).analysis_, 2u);
-  EXPECT_EQ(doc.ResultSets().At(1).contour_, 1u);
-  EXPECT_EQ(doc.ResultSets().At(2).contour_, 2u);
-  doc.ResultContours().Delete({2});
-  EXPECT_EQ(doc.ResultSets().At(2).contour_, 0u);
-  EXPECT_EQ(doc.ResultSets().At(1).contour_, 1u);
 }
 
 }  // namespace

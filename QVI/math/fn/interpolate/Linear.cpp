@@ -27,7 +27,7 @@ void Linear::Evaluate(const double* in, double* out, std::size_t n) const {
       out[i] = (*this)(x);
       continue;
     }
-    const std::size_t k = static_cast<std::size_t>(std::upper_bound(u + 1, u + m - 1, x) - u) - 1;
+    const std::size_t k = Interval(x);
     const double t = (x - u[k]) / (u[k + 1] - u[k]);
     out[i] = v[k] + t * (v[k + 1] - v[k]);
   }

@@ -36,6 +36,7 @@ void Table::SetLogY(bool b) {
 
 void Table::Transform() {
   points_.clear();
+  points_.reserve(raw_.size());
   for (const Point& p : raw_) {
     // The no-value marker is finite, so it is tested apart: a point that
     // holds it is missing, never data.
@@ -44,15 +45,20 @@ void Table::Transform() {
     if ((bLogX_ && p.x <= 0) || (bLogY_ && p.y <= 0)) continue;
     points_.push_back(p);
   }
-  std::stable_sort(points_.begin(), points_.end(),
-                   [](const Point& a, const Point& b) { return a.x < b.x; });
+  // Tables arrive sorted almost always (drawn, tabulated or read back): sort
+  // and drop repeated x only when there is something to do.
+  const auto byX = [](const Point& a, const Point& b) { return a.x < b.x; };
+  if (!std::is_sorted(points_.begin(), points_.end(), byX)) std::stable_sort(points_.begin(), points_.end(), byX);
   // Of equal x keep the last given: after a stable sort it is the last of
   // its run.
-  std::vector<Point> kept;
-  kept.reserve(points_.size());
-  for (std::size_t i = 0; i < points_.size(); ++i)
-    if (i + 1 == points_.size() || points_[i + 1].x != points_[i].x) kept.push_back(points_[i]);
-  points_ = std::move(kept);
+  const auto sameX = [](const Point& a, const Point& b) { return a.x == b.x; };
+  if (std::adjacent_find(points_.begin(), points_.end(), sameX) != points_.end()) {
+    std::vector<Point> kept;
+    kept.reserve(points_.size());
+    for (std::size_t i = 0; i < points_.size(); ++i)
+      if (i + 1 == points_.size() || points_[i + 1].x != points_[i].x) kept.push_back(points_[i]);
+    points_ = std::move(kept);
+  }
   u_.resize(points_.size());
   v_.resize(points_.size());
   for (std::size_t i = 0; i < points_.size(); ++i) {
@@ -70,7 +76,21 @@ void Table::Transform() {
       ++i;
     }
   }
+  FindSpacing();
   Rebuild();
+}
+
+void Table::FindSpacing() {
+  const std::size_t n = u_.size();
+  evenlySpaced_ = false;
+  inverseSpacing_ = 0;
+  if (n < 3) return;
+  const double spacing = (u_.back() - u_.front()) / static_cast<double>(n - 1);
+  if (!(spacing > 0) || !std::isfinite(1.0 / spacing)) return;
+  for (std::size_t i = 1; i + 1 < n; ++i)
+    if (!(std::fabs(u_[i] - (u_.front() + spacing * static_cast<double>(i))) <= 0.25 * spacing)) return;
+  evenlySpaced_ = true;
+  inverseSpacing_ = 1.0 / spacing;
 }
 
 double Table::FromLogV(double v) const {

@@ -76,10 +76,22 @@ class Table {
   bool Inside(double u, std::size_t& i) const {
     const std::size_t n = u_.size();
     if (n < 2 || !(u >= u_.front()) || !(u <= u_.back())) return false;
-    // Searching the inner knots only gives i in [0, n - 2] with no clamping.
-    const double* first = u_.data();
-    i = static_cast<std::size_t>(std::upper_bound(first + 1, first + n - 1, u) - first) - 1;
+    i = Interval(u);
     return true;
+  }
+  // The last i in [0, n - 2] with u_[i] <= u, for u within the points of a
+  // table of at least two points. Evenly spaced points (the generated
+  // tables of the estimators, most lab tables) find it by arithmetic and at
+  // most a step or two; others by bisection. Both give the same interval.
+  std::size_t Interval(double u) const {
+    const std::size_t n = u_.size();
+    const double* first = u_.data();
+    if (!evenlySpaced_)
+      return static_cast<std::size_t>(std::upper_bound(first + 1, first + n - 1, u) - first) - 1;
+    std::size_t k = static_cast<std::size_t>(std::clamp((u - first[0]) * inverseSpacing_, 0.0, n - 2.0));
+    while (k > 0 && first[k] > u) --k;
+    while (k + 2 < n && first[k + 1] <= u) ++k;
+    return k;
   }
 
   // Handles an input outside the points or on a one-point table, the curve
@@ -100,8 +112,13 @@ class Table {
   }
   double FromLogV(double v) const;
   void Transform();
+  void FindSpacing();
 
   std::vector<Point> raw_;  // as assigned, for re-cleaning when an axis changes
+  // Every u_ within a quarter spacing of its place on an even grid, so that
+  // (u - u_[0]) * inverseSpacing_ lands within one interval of the answer.
+  bool evenlySpaced_ = false;
+  double inverseSpacing_ = 0;
   bool bLogX_ = false;
   bool bLogY_ = false;
   TailType tailBefore_;

@@ -4,7 +4,10 @@
 // line).
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
+#include <random>
+#include <vector>
 
 #include "QVI/math/fn/interpolate/Linear.h"
 #include "QVI/math/fn/interpolate/Spline.h"
@@ -57,6 +60,55 @@ TEST(Interpolators, NoValueOnEmptyTableAndOffOnePoint) {
   EXPECT_EQ(l(1.5), kNo);
   l.SetTailAfter(TailType::Slope(2));
   EXPECT_DOUBLE_EQ(l(1.5), 8);
+}
+
+// The interval search takes a shortcut on evenly spaced points; whatever
+// the spacing, each value must be the one bisection gives, to the bit (at a
+// knot the neighbouring interval would round differently).
+TEST(Linear, EvenSpacingShortcutFindsTheSameIntervalAsBisection) {
+  std::mt19937 rng(5);
+  std::uniform_real_distribution<double> unit(0.0, 1.0);
+  auto grid = [&](int n, double jitter, bool log) {
+    std::vector<Point> pts;
+    for (int i = 0; i < n; ++i) {
+      const double u = -2.0 + 0.1 * (i + (i > 0 && i + 1 < n ? jitter * (unit(rng) - 0.5) : 0.0));
+      pts.push_back({log ? std::pow(10.0, u) : u, std::sin(3.0 * i) + 0.01 * i});
+    }
+    return pts;
+  };
+  struct Case {
+    const char* name;
+    std::vector<Point> pts;
+    bool log;
+  } cases[] = {
+      {"even", grid(51, 0.0, false), false},         {"even, log axis", grid(51, 0.0, true), true},
+      {"jitter below a quarter", grid(40, 0.45, false), false}, {"uneven", grid(40, 1.9, false), false},
+      {"three points", grid(3, 0.0, false), false},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.name);
+    Linear f;
+    f.SetLogX(c.log);
+    f.Assign(c.pts);
+    std::vector<double> u, v;
+    for (const Point& p : f.Points()) u.push_back(c.log ? std::log10(p.x) : p.x), v.push_back(p.y);
+    std::vector<double> queries;
+    for (const Point& p : f.Points()) queries.push_back(p.x);
+    for (int q = 0; q < 500; ++q) {
+      const double t = u.front() + unit(rng) * (u.back() - u.front());
+      queries.push_back(c.log ? std::pow(10.0, t) : t);
+    }
+    for (const double x : queries) {
+      const double a = c.log ? std::log10(x) : x;
+      const std::size_t i =
+          static_cast<std::size_t>(std::upper_bound(u.begin() + 1, u.end() - 1, a) - u.begin()) - 1;
+      const double expected = v[i] + (a - u[i]) / (u[i + 1] - u[i]) * (v[i + 1] - v[i]);
+      ASSERT_EQ(f(x), expected) << "x = " << x;
+      double out = 0;
+      f.Evaluate(&x, &out, 1);
+      ASSERT_EQ(out, expected) << "x = " << x;
+    }
+  }
 }
 
 TEST(Step, HoldsEachValueToTheNextPoint) {
