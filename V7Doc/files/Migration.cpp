@@ -254,13 +254,22 @@ class Migrator {
     return {name, static_cast<std::size_t>(p - name)};
   }
 
-  // The concrete path of `lv`, with the indices as read.
-  static void AppendPath(const Level& lv, std::wstring& out) {
+  // The path of `lv` as text: concrete (the indices as read), or as a
+  // `pattern` (the indices as "$1", "$2", outermost first).
+  static void AppendText(const Level& lv, bool pattern, std::wstring& out) {
+    if (pattern && lv.odd) {
+      out += lv.odd_pattern;
+      return;
+    }
     if (!lv.parent) return;
-    AppendPath(*lv.parent, out);
+    AppendText(*lv.parent, pattern, out);
+    AppendStep(lv, pattern, out);
+  }
+  static void AppendStep(const Level& lv, bool pattern, std::wstring& out) {
     if (lv.entry) {
       out += L'[';
-      if (lv.index) out += str::to_wstring(static_cast<unsigned long long>(*lv.index));
+      if (pattern) out += L'$', out += static_cast<wchar_t>(L'0' + lv.bound);
+      else if (lv.index) out += str::to_wstring(static_cast<unsigned long long>(*lv.index));
       else out += str::to_wstring(lv.el.child("ID").child_value());
       out += L']';
       return;
@@ -270,36 +279,20 @@ class Migrator {
   }
   static std::wstring Path(const Level& lv) {
     std::wstring out;
-    AppendPath(lv, out);
+    AppendText(lv, false, out);
     return out;
-  }
-  // Its pattern: the indices as "$1", "$2", outermost first.
-  static void AppendPattern(const Level& lv, std::wstring& out) {
-    if (lv.odd) {
-      out += lv.odd_pattern;
-      return;
-    }
-    if (!lv.parent) return;
-    AppendPattern(*lv.parent, out);
-    if (lv.entry) {
-      out += L"[$";
-      out += static_cast<wchar_t>(L'0' + lv.bound);
-      out += L']';
-      return;
-    }
-    if (lv.parent->parent) out += L'.';
-    AppendName(out, lv.el.name());
   }
   static std::wstring Pattern(const Level& lv) {
     std::wstring out;
-    AppendPattern(lv, out);
+    AppendText(lv, true, out);
     return out;
   }
 
   // The level of child `c` of `parent` (at position `pos` among the
-  // entries when `parent` is a collection); `bad_index` for an entry whose
-  // ID is no record number.
-  void ChildLevel(const Level& parent, pugi::xml_node c, std::uint64_t pos, Level& out, bool& bad_index) {
+  // entries when `parent` is a collection; `first` is its first element);
+  // `bad_index` for an entry whose ID is no record number.
+  void ChildLevel(const Level& parent, pugi::xml_node c, pugi::xml_node first, std::uint64_t pos, Level& out,
+                  bool& bad_index) {
     out.parent = &parent;
     out.el = c;
     out.layout = nullptr;
@@ -322,9 +315,8 @@ class Migrator {
       indices_.push_back(index);
       out.bound = parent.bound + 1;
       if (out.odd) {
-        out.odd_pattern.assign(parent.odd_pattern).append(L"[$");
-        out.odd_pattern += static_cast<wchar_t>(L'0' + out.bound);
-        out.odd_pattern += L']';
+        out.odd_pattern.assign(parent.odd_pattern);
+        AppendStep(out, true, out.odd_pattern);
         out.info = mig::Info(out.odd_pattern);
         out.prefix = mig::LookupPrefix(out.odd_pattern);
       } else {
@@ -339,15 +331,10 @@ class Migrator {
     out.bound = parent.bound;
     bool odd_name = false;
     const std::string_view name = ScanName(c.name(), odd_name);
-    if (!out.odd && odd_name) {
+    if (out.odd || odd_name) {
+      out.odd_pattern = out.odd ? parent.odd_pattern : Pattern(parent);
       out.odd = true;
-      out.odd_pattern = Pattern(parent);
-    } else if (out.odd) {
-      out.odd_pattern.assign(parent.odd_pattern);
-    }
-    if (out.odd) {
-      if (parent.parent) out.odd_pattern += L'.';
-      AppendName(out.odd_pattern, name.data());
+      AppendStep(out, true, out.odd_pattern);
       out.info = mig::Info(out.odd_pattern);
       out.prefix = mig::LookupPrefix(out.odd_pattern);
     } else {
@@ -367,7 +354,7 @@ class Migrator {
           // a list now): a collection holds nothing but its entries.
           // (Its first element says which.)
           if (out.collection)
-            if (pugi::xml_node k = FirstElement(c); k && n->member->element_tag_utf8 != k.name())
+            if (first && n->member->element_tag_utf8 != first.name())
               out.collection = false, out.member = nullptr;
         }
       }
@@ -433,8 +420,8 @@ class Migrator {
   // schema says of it; `old_entry` is the old tree's entry for a collection
   // the schema does not know. `name` must outlive the step and end in a
   // NUL (an element's name, or text kept by the migration). Where the
-  // step is that of old element `lv` from where its parent was, the node
-  // the level found is taken.
+  // step is old element `lv`'s own name from where its parent was, the
+  // node the level found is taken.
   void MakeStep(const Step* prev, std::string_view name, bool has_index, std::uint64_t index,
                 pugi::xml_node old_entry, Step& s, const Level* lv = nullptr) {
     s = Step{};
@@ -443,8 +430,9 @@ class Migrator {
     s.index = index;
     Cursor c = prev ? prev->cur : Cursor{root_layout_, nullptr, false};
     if (!prev || prev->known)
-      s.known = lv && lv->parent && c.node == lv->parent->layout ? AdvanceTo(c, lv->tag, has_index)
-                                                                  : Advance(c, s.name, has_index);
+      s.known = lv && lv->parent && name.data() == lv->el.name() && c.node == lv->parent->layout
+                    ? AdvanceTo(c, lv->tag, has_index)
+                    : Advance(c, s.name, has_index);
     if (s.known) s.cur = c;
     const oc::Member* m = s.known ? c.member : nullptr;
     if (m && (m->type == oc::ValueType::Table || m->type == oc::ValueType::Array)) {
@@ -757,9 +745,10 @@ class Migrator {
       next = NextElement(c);
       bool bad_index = false;
       if (lv.collection && std::string_view(c.name()) == "ID") continue;  // not an entry
-      ChildLevel(lv, c, pos, child, bad_index);
+      const pugi::xml_node first = FirstElement(c);
+      const bool leaf = !first;
+      ChildLevel(lv, c, first, pos, child, bad_index);
       if (lv.collection) ++pos;
-      const bool leaf = IsLeaf(c);
       bool enumerator = false;
       const mig::Entry* e = Find(child, c, leaf, enumerator);
       // An entry that moves an element into an entry of its own name
@@ -816,9 +805,10 @@ class Migrator {
           Level kl;
           bool unused = false;
           for (pugi::xml_node k = FirstElement(c); k; k = NextElement(k)) {
-            ChildLevel(child, k, 0, kl, unused);
+            const pugi::xml_node kf = FirstElement(k);
+            ChildLevel(child, k, kf, 0, kl, unused);
             bool en = false;
-            const mig::Entry* ke = Find(kl, k, IsLeaf(k), en);
+            const mig::Entry* ke = Find(kl, k, !kf, en);
             if (ke && !ke->Dropped() && ke->replacement.find(L'$') != std::wstring::npos)
               err_.ReportError(gtl::status::error(kMsgBadIndex, str::to_wstring(c.child("ID").child_value()),
                                                   Path(kl), Line(k), ke->replacement));
@@ -830,7 +820,7 @@ class Migrator {
           continue;
         }
         Step s;
-        MakeStep(to.size() > 1 ? &to[to.size() - 2] : nullptr, to.back().name, true, *child.index, c, s);
+        MakeStep(to.size() > 1 ? &to[to.size() - 2] : nullptr, to.back().name, true, *child.index, c, s, &lv);
         if (!s.known && lv.member) s.by_id = KeyedByID(*lv.member);
         std::swap(to.back(), s);
         Stay(c, child, to, leaf, depth);
