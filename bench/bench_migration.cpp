@@ -7,12 +7,14 @@
 // migration; its current form is what a load and save of it writes.
 //
 // Figures (median CPU time of 3, a 2-core machine shared with other builds,
-// wall times several times the CPU times; 3.1 MB old, 4.1 MB current):
-//   current form 15.7-16.5 ms; earlier generation 45.5-50 ms: 2.8-3.0x.
-//   Of that, the parse 2.3 ms and the tree rewrite 28-31 ms: the rewrite
-//   costs about twice the reader. Still above the 2x aimed at; what is left
-//   is spread thin (per element: the path texts, one table look-up, the
-//   schema step, and the placement in the new tree).
+// wall times two to three times the CPU times; 3.1 MB old, 4.1 MB current):
+//   current form 15.9-16.4 ms; earlier generation 29.1-30.1 ms: 1.8-1.9x.
+//   Of that, the parse 2.0 ms and the tree rewrite 12.3-13 ms, against
+//   25 ms (2.6-2.7x) when every element built its path and pattern texts
+//   and looked them up whole. What is left is spread thin: per element one
+//   step in the table's pattern index and one in the schema, the placement
+//   in the new tree (mostly pugixml's own calls), and removing what is left
+//   of the old tree at the end.
 #include <benchmark/benchmark.h>
 #include <pugixml.hpp>
 

@@ -2,7 +2,12 @@
 // under a second root element beside the old one, old elements are moved
 // (not copied) into it, and the old root is removed at the end. Subtrees
 // below which no table entry can match move in one step, so that the cost
-// follows the parts of the document that did change.
+// follows the parts of the document that did change. No path is built as
+// text while walking: an element's level points at its parent's, what the
+// table knows of its pattern is one step from what it knows of the
+// parent's, and the steps of the new path name texts that live as long as
+// the migration. Texts are made only for messages and for element names
+// that are not single steps of the table's patterns.
 #include "V7Doc/files/Migration.h"
 
 #include <array>
@@ -132,10 +137,34 @@ std::optional<std::uint64_t> ParseIndex(std::string_view text) {
 
 // The entries of a collection of the new tree by index, gathered on first
 // use and kept up to date. Members of a record are few and found by name.
+// Indices mostly run from 0 or 1 without gaps: those are kept by position
+// (as long as the vector stays within a few times the entries it holds),
+// the others in a map.
 struct Children {
-  std::unordered_map<std::uint64_t, pugi::xml_node> by_index;
   bool indexed = false;
   std::uint64_t count = 0;  // entries, for positional collections
+
+  pugi::xml_node Find(std::uint64_t i) const {
+    if (i < dense_.size() && dense_[i]) return dense_[i];
+    const auto it = sparse_.find(i);
+    return it == sparse_.end() ? pugi::xml_node() : it->second;
+  }
+  // Enters `entry` at `i` unless an entry is there already.
+  void Add(std::uint64_t i, pugi::xml_node entry) {
+    if (Find(i)) return;
+    if (i < 256 || i < 4 * held_) {
+      if (i >= dense_.size()) dense_.resize(i + 1);
+      dense_[i] = entry;
+      ++held_;
+    } else {
+      sparse_.emplace(i, entry);
+    }
+  }
+
+ private:
+  std::vector<pugi::xml_node> dense_;
+  std::size_t held_ = 0;  // entries in dense_
+  std::unordered_map<std::uint64_t, pugi::xml_node> sparse_;
 };
 
 class Migrator {
@@ -514,7 +543,7 @@ class Migrator {
         if (l.entry) return false;  // an index after an index
         const bool indexed = i > 0 && rest_[i - 1]->entry;
         Step s;
-        MakeStep(&steps.back(), l.el.name(), indexed, indexed ? *rest_[i - 1]->index : 0, {}, s);
+        MakeStep(&steps.back(), l.el.name(), indexed, indexed ? *rest_[i - 1]->index : 0, {}, s, &l);
         steps.push_back(s);
         if (indexed) --i;
       }
@@ -543,7 +572,7 @@ class Migrator {
       for (pugi::xml_node c = coll.child(s.entry_tag.data()); c; c = c.next_sibling(s.entry_tag.data())) {
         std::optional<std::uint64_t> index = ch.count;
         if (s.by_id) index = ParseIndex(c.child("ID").child_value());
-        if (index) ch.by_index.try_emplace(*index, c);
+        if (index) ch.Add(*index, c);
         ++ch.count;
       }
     }
@@ -585,12 +614,12 @@ class Migrator {
         continue;
       }
       Children& entries = EntriesOf(at, s);
-      auto e = entries.by_index.find(s.index);
-      if (e == entries.by_index.end()) {
+      pugi::xml_node e = entries.Find(s.index);
+      if (!e) {
         if (s.by_id) {
-          pugi::xml_node made = at.append_child(s.entry_tag.data());
-          made.append_child("ID").text() = std::to_string(s.index).c_str();
-          e = entries.by_index.emplace(s.index, made).first;
+          e = at.append_child(s.entry_tag.data());
+          e.append_child("ID").text() = std::to_string(s.index).c_str();
+          entries.Add(s.index, e);
           ++entries.count;
         } else {
           // Positions before the one asked for are filled with empty
@@ -598,12 +627,12 @@ class Migrator {
           while (entries.count <= s.index) {
             pugi::xml_node made = at.append_child(s.entry_tag.data());
             if (!s.pad.empty()) made.text() = s.pad.data();
-            entries.by_index.emplace(entries.count++, made);
+            entries.Add(entries.count++, made);
           }
-          e = entries.by_index.find(s.index);
+          e = entries.Find(s.index);
         }
       }
-      at = e->second;
+      at = e;
       memo.push_back({std::string(s.name), s.has_index, s.index, at});
     }
     return at;
