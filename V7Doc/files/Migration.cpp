@@ -36,6 +36,7 @@ constexpr unsigned kMsgBadIndex = 31200;
 constexpr unsigned kMsgUnknownEnumerator = 31201;
 constexpr unsigned kMsgWrongType = 31202;
 constexpr unsigned kMsgTooDeep = 31204;
+constexpr unsigned kMsgTooFar = 31205;
 constexpr std::size_t kMaxDepth = 128;
 
 // Where a path stands in today's schema while it is walked.
@@ -171,7 +172,7 @@ class Migrator {
  public:
   Migrator(pugi::xml_document& doc, std::string_view source, MigrationReport& report)
       : doc_(doc), err_(read_, source), report_(report), counts_(mig::Entries().size()),
-        templates_(2 * mig::Entries().size()) {}
+        templates_(2 * mig::Entries().size()), max_position_(source.size() + 1024) {}
 
   gtl::status Run() {
     pugi::xml_node old_root = doc_.document_element();
@@ -811,6 +812,7 @@ class Migrator {
           if (!AppendRest(*e, child, steps)) continue;
           member = steps.back().known ? steps.back().cur.member : nullptr;
         }
+        if (!WithinReach(steps, child, c)) continue;
         Tally(*e, t.action, leaf ? 1 : Leaves(c));
         if (enumerator) c.text() = t.value.c_str();
         // Checked where it was read: the line is that of the old file.
@@ -852,6 +854,10 @@ class Migrator {
         MakeStep(to.size() > 1 ? &to[to.size() - 2] : nullptr, to.back().name, true, *child.index, c, s, &lv);
         if (!s.known && lv.member) s.by_id = KeyedByID(*lv.member);
         std::swap(to.back(), s);
+        if (!WithinReach(to, child, c)) {
+          std::swap(to.back(), s);
+          continue;
+        }
         Stay(c, child, to, leaf, depth);
         std::swap(to.back(), s);
       } else {
@@ -865,6 +871,29 @@ class Migrator {
         to.pop_back();
       }
     }
+  }
+
+  // False, with an error, when a step of the new path `steps` of old
+  // element `c` (at `lv`) asks for a position of a list that only
+  // entries made up to it could reach: a list is filled with unset
+  // entries up to a position, and no document of this size holds that
+  // many (an ID taken as a position, as an analysis's for its entry of an
+  // upgrade list, exceeds the records by no more than a table's spare
+  // numbers).
+  bool WithinReach(const std::vector<Step>& steps, const Level& lv, pugi::xml_node c) {
+    for (const Step& s : steps) {
+      if (!s.has_index || s.by_id || s.index <= max_position_) continue;
+      std::wstring new_path;
+      for (const Step& t : steps) {
+        if (!new_path.empty()) new_path += L'.';
+        new_path += str::to_wstring(t.name);
+        if (t.has_index) new_path += L'[' + str::to_wstring(static_cast<unsigned long long>(t.index)) + L']';
+      }
+      err_.ReportError(gtl::status::error(kMsgTooFar, str::to_wstring(static_cast<unsigned long long>(s.index)),
+                                          Path(lv), Line(c), new_path));
+      return false;
+    }
+    return true;
   }
 
   // Element `c` (at `lv`) without an entry, at `to`.
@@ -912,6 +941,7 @@ class Migrator {
   std::array<std::uint64_t, 4> used_{};  // when each was last taken
   std::uint64_t clock_ = 0;
   std::size_t last_ = 0;                 // the one taken last
+  std::uint64_t max_position_;           // the farthest list position a document of its size may ask for
 };
 
 }  // namespace

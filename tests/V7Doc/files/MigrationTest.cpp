@@ -191,6 +191,10 @@ TEST(Migration, MalformedOldDocumentsNameOldAndNewPathAndLine) {
       {"an index that is no record number where a pattern binds it",
        "<Analyses>\n<Analysis><ID>x</ID><CapSuction>3</CapSuction></Analysis></Analyses>", true,
        "Index \"x\" of Analyses[x].CapSuction, line 3, is no record number; UpgradeList[1].Values[$1] cannot be reached."},
+      {"an ID taken as a list position far beyond the document's size",
+       "<Analyses>\n<Analysis><ID>99999999</ID><CapSuction>3</CapSuction></Analysis></Analyses>", true,
+       "Index 99999999 of Analyses[99999999].CapSuction, line 3, lies beyond all a document of this size can "
+       "hold; UpgradeList[1].Values[99999999] is not made."},
       {"an enumerator text that names no value: kept, with a warning",
        "<CurrentAnalysis>\n<PWPInitialOption>From the moon</PWPInitialOption></CurrentAnalysis>", false,
        "\"From the moon\" at CurrentAnalysis.PWPInitialOption, line 3, names no value of CurrentInitialCondOption "
