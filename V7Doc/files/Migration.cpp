@@ -374,20 +374,20 @@ class Migrator {
     bool known = false;
     if (parent.layout) out.tag = parent.layout->Child(name);
     if (const oc::TagNode* n = out.tag) {
-        known = true;
-        if (!n->member) out.layout = n;
-        else {
-          out.member = n->member;
-          if (n->member->type == oc::ValueType::Struct) out.layout = &n->member->record().Layout();
-          out.collection = n->member->type == oc::ValueType::Table || n->member->type == oc::ValueType::Array;
-          // The old layout may differ here (a single record where there is
-          // a list now): a collection holds nothing but its entries.
-          // (Its first element says which.)
-          if (out.collection)
-            if (first && n->member->element_tag_utf8 != first.name())
-              out.collection = false, out.member = nullptr;
-        }
+      known = true;
+      if (!n->member) out.layout = n;
+      else {
+        out.member = n->member;
+        if (n->member->type == oc::ValueType::Struct) out.layout = &n->member->record().Layout();
+        out.collection = n->member->type == oc::ValueType::Table || n->member->type == oc::ValueType::Array;
+        // The old layout may differ here (a single record where there is
+        // a list now): a collection holds nothing but its entries.
+        // (Its first element says which.)
+        if (out.collection)
+          if (first && n->member->element_tag_utf8 != first.name())
+            out.collection = false, out.member = nullptr;
       }
+    }
     // Where today's schema does not know the element, the table's keys say
     // whether it was a collection.
     if (!known) out.collection = out.info && out.info->collection;
