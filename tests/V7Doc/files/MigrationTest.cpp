@@ -125,6 +125,14 @@ TEST(Migration, EdgeCasesLandWhereTheyBelong) {
        "<StabItems><StabItem><ID>1</ID><Entry>*</Entry></StabItem></StabItems>"
        "<CurrentAnalysis><NumCritialSlipSurfaces>7</NumCritialSlipSurfaces></CurrentAnalysis>",
        L"CurrentAnalysis.NumCriticalSlipSurfaces", L"7"},
+      {"an element name holding a dot is read as the path it spells",
+       "<Analyses><Analysis><ID>1</ID><PWPOption.PhreaticCorrection>true</PWPOption.PhreaticCorrection>"
+       "</Analysis></Analyses>",
+       L"Analyses[1].PhreaticCorrection", L"true"},
+      {"records far apart in number each take their own values",
+       "<Materials><Material><ID>300</ID><Description>Far</Description></Material>"
+       "<Material><ID>1</ID><Description>Near</Description></Material></Materials>",
+       L"Materials[300].Name", L"Far"},
       {"crosswise bounds of a surface",
        "<Functions><Func3Ds><Fn3D><ID>2</ID><UserMin>4</UserMin></Fn3D></Func3Ds></Functions>",
        L"Functions.Func3Ds[2].SpecifiedMax", L"4"},
