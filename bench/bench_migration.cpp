@@ -7,12 +7,18 @@
 // migration; its current form is what a load and save of it writes.
 //
 // Figures (median CPU time of 3, a 2-core machine shared with other builds,
-// wall times several times the CPU times; 3.1 MB old, 4.1 MB current):
-//   current form 15.7-16.5 ms; earlier generation 45.5-50 ms: 2.8-3.0x.
-//   Of that, the parse 2.3 ms and the tree rewrite 28-31 ms: the rewrite
-//   costs about twice the reader. Still above the 2x aimed at; what is left
-//   is spread thin (per element: the path texts, one table look-up, the
-//   schema step, and the placement in the new tree).
+// wall times up to several times the CPU times; 3.1 MB old, 4.1 MB current):
+//   current form 14.6-14.9 ms; earlier generation 26.7-28.1 ms: 1.8-1.9x.
+//   Of that, the parse 1.9 ms and the tree rewrite 11 ms, against 24-25 ms
+//   (2.7-2.8x in the same conditions) when every element built its path
+//   and pattern texts and looked them up whole. What is left is spread
+//   thin: per element one step in the table's pattern index and one in the
+//   schema, the placement in the new tree (much of it pugixml's own calls),
+//   and removing what is left of the old tree at the end (about 1 ms).
+//   By difference, reading the migrated tree takes 1.5-3 ms longer than
+//   reading the parsed current form, though it is smaller; likely because
+//   its elements are not in declaration order (each then costs the reader
+//   a name look-up) and lie scattered in memory.
 #include <benchmark/benchmark.h>
 #include <pugixml.hpp>
 

@@ -2,15 +2,22 @@
 // under a second root element beside the old one, old elements are moved
 // (not copied) into it, and the old root is removed at the end. Subtrees
 // below which no table entry can match move in one step, so that the cost
-// follows the parts of the document that did change.
+// follows the parts of the document that did change. No path is built as
+// text while walking: an element's level points at its parent's, what the
+// table knows of its pattern is one step from what it knows of the
+// parent's, and the steps of the new path name texts that live as long as
+// the migration. Texts are made only for messages and for element names
+// that are not single steps of the table's patterns.
 #include "V7Doc/files/Migration.h"
 
+#include <array>
 #include <charconv>
 #include <cstring>
-#include <map>
+#include <deque>
 #include <optional>
 #include <pugixml.hpp>
 #include <unordered_map>
+#include <unordered_set>
 
 #include "OC/Path.h"
 #include "OC/Scalar.h"
@@ -29,6 +36,7 @@ constexpr unsigned kMsgBadIndex = 31200;
 constexpr unsigned kMsgUnknownEnumerator = 31201;
 constexpr unsigned kMsgWrongType = 31202;
 constexpr unsigned kMsgTooDeep = 31204;
+constexpr unsigned kMsgTooFar = 31205;
 constexpr std::size_t kMaxDepth = 128;
 
 // Where a path stands in today's schema while it is walked.
@@ -39,15 +47,17 @@ struct Cursor {
 };
 
 // One step of a path in the new tree.
+// Its texts are NUL-terminated and outlive it: element names of the old
+// tree, tags of the schema, or text the migration keeps until it ends.
 struct Step {
-  std::string name;             // element name, UTF-8
+  std::string_view name;        // element name, UTF-8
   bool has_index = false;
   std::uint64_t index = 0;      // a record's ID, or a zero-based position
   Cursor cur;                   // the schema after this step (node null: unknown)
   bool known = false;           // the step is a member or wrapper of the schema
-  std::string entry_tag;        // the collection's element tag
+  std::string_view entry_tag;   // the collection's element tag
   bool by_id = true;            // entries carry their <ID>
-  std::string pad;              // text of an unset value (arrays of values)
+  std::string_view pad;         // text of an unset value (arrays of values)
 };
 
 const oc::TagNode& RootLayout() { return oc::TypeOf<QVDocument>().Layout(); }
@@ -61,9 +71,8 @@ bool KeyedByID(const oc::Member& m) {
 
 // Moves `c` one step: `name`, then an index when `indexed`. False when the
 // step names nothing of the schema.
-bool Advance(Cursor& c, std::string_view name, bool indexed) {
-  if (!c.node) return false;
-  const oc::TagNode* n = c.node->Child(name);
+// `n` is that step's node, found by the caller.
+bool AdvanceTo(Cursor& c, const oc::TagNode* n, bool indexed) {
   if (!n) return false;
   c.member = n->member;
   c.element = false;
@@ -81,6 +90,10 @@ bool Advance(Cursor& c, std::string_view name, bool indexed) {
     c.node = m.type == oc::ValueType::Struct ? &m.record().Layout() : nullptr;
   }
   return true;
+}
+
+bool Advance(Cursor& c, std::string_view name, bool indexed) {
+  return c.node && AdvanceTo(c, c.node->Child(name), indexed);
 }
 
 // Splits a path of the table into steps (name, index text).
@@ -125,16 +138,41 @@ std::optional<std::uint64_t> ParseIndex(std::string_view text) {
 
 // The entries of a collection of the new tree by index, gathered on first
 // use and kept up to date. Members of a record are few and found by name.
+// Indices mostly run from 0 or 1 without gaps: those are kept by position
+// (as long as the vector stays within a few times the entries it holds),
+// the others in a map.
 struct Children {
-  std::unordered_map<std::uint64_t, pugi::xml_node> by_index;
   bool indexed = false;
   std::uint64_t count = 0;  // entries, for positional collections
+
+  pugi::xml_node Find(std::uint64_t i) const {
+    if (i < dense_.size() && dense_[i]) return dense_[i];
+    const auto it = sparse_.find(i);
+    return it == sparse_.end() ? pugi::xml_node() : it->second;
+  }
+  // Enters `entry` at `i` unless an entry is there already.
+  void Add(std::uint64_t i, pugi::xml_node entry) {
+    if (Find(i)) return;
+    if (i < 256 || i < 4 * held_) {
+      if (i >= dense_.size()) dense_.resize(i + 1);
+      dense_[i] = entry;
+      ++held_;
+    } else {
+      sparse_.emplace(i, entry);
+    }
+  }
+
+ private:
+  std::vector<pugi::xml_node> dense_;
+  std::size_t held_ = 0;  // entries in dense_
+  std::unordered_map<std::uint64_t, pugi::xml_node> sparse_;
 };
 
 class Migrator {
  public:
   Migrator(pugi::xml_document& doc, std::string_view source, MigrationReport& report)
-      : doc_(doc), err_(read_, source), report_(report) {}
+      : doc_(doc), err_(read_, source), report_(report), counts_(mig::Entries().size()),
+        templates_(2 * mig::Entries().size()), max_position_(source.size() + 1024) {}
 
   gtl::status Run() {
     pugi::xml_node old_root = doc_.document_element();
@@ -144,13 +182,15 @@ class Migrator {
       root_.append_attribute(a.name()) = a.value();
     root_.attribute("Version") = str::to_utf8(kDocumentFormatVersion).c_str();
     Level top;
-    top.layout = &RootLayout();
+    top.layout = root_layout_;
+    top.info = mig::RootInfo();
     std::vector<Step> none;
     Walk(old_root, top, none, 0);
     doc_.remove_child(old_root);
-    for (const auto& [index, count] : counts_) {
-      const mig::Entry& e = mig::Entries()[index];
-      report_.counts.push_back({e.key, e.replacement, count.action, count.values});
+    for (std::size_t i = 0; i < counts_.size(); ++i) {
+      if (!counts_[i].used) continue;
+      const mig::Entry& e = mig::Entries()[i];
+      report_.counts.push_back({e.key, e.replacement, counts_[i].action, counts_[i].values});
     }
     for (auto& m : read_.messages) report_.messages.push_back(std::move(m));
     report_.errors = read_.errors;
@@ -160,16 +200,29 @@ class Migrator {
   }
 
  private:
-  // An element of the old tree as the walk sees it.
+  // An element of the old tree as the walk sees it. Its path is not kept as
+  // text: the levels above it are on the stack of the walk, and the text is
+  // made from them when a message or a ".*" entry needs it. What the table
+  // knows of its pattern is found one step from its parent's.
   struct Level {
-    std::wstring path;      // concrete, with indices
-    std::wstring pattern;   // indices as "$1", "$2"
-    std::vector<std::optional<std::uint64_t>> indices;  // bound, outermost first
+    const Level* parent = nullptr;       // nullptr at the document's root
+    pugi::xml_node el;                   // the element
+    bool entry = false;                  // an entry of a collection: its step is its index
+    std::optional<std::uint64_t> index;  // an entry's index; none: no record number
+    std::size_t bound = 0;               // its indices are the first `bound` of indices_
+    const mig::PatternInfo* info = nullptr;  // the table on its pattern (indices as "$1", "$2")
+    const mig::Entry* prefix = nullptr;      // the ".*" entry with the longest stem that begins it
+    // A name that is no single step of the table's patterns (one holding
+    // "." or "[", or not ASCII): from it on, patterns are looked up as text.
+    bool odd = false;
+    std::wstring odd_pattern;
     const oc::TagNode* layout = nullptr;  // schema children of the element
+    const oc::TagNode* tag = nullptr;     // its node among its parent's `layout`
     const oc::Member* member = nullptr;   // the schema member it is
     bool collection = false;
   };
   struct Count {
+    bool used = false;
     MigrationAction action = MigrationAction::Moved;
     std::size_t values = 0;
   };
@@ -179,24 +232,31 @@ class Migrator {
     return line ? str::to_wstring(static_cast<unsigned long long>(line)) : std::wstring(L"?");
   }
 
+  static pugi::xml_node FirstElement(pugi::xml_node el) {
+    pugi::xml_node c = el.first_child();
+    while (c && c.type() != pugi::node_element) c = c.next_sibling();
+    return c;
+  }
+  static pugi::xml_node NextElement(pugi::xml_node el) {
+    pugi::xml_node c = el.next_sibling();
+    while (c && c.type() != pugi::node_element) c = c.next_sibling();
+    return c;
+  }
+
   // The values (elements without element children) in `el`, counted
   // without recursion: a hostile file may nest far deeper than a stack.
   static std::size_t Leaves(pugi::xml_node el) {
     std::size_t n = 0;
     pugi::xml_node c = el;
     for (;;) {
-      pugi::xml_node down = c.first_child();
-      while (down && down.type() != pugi::node_element) down = down.next_sibling();
-      if (down) {
+      if (pugi::xml_node down = FirstElement(c)) {
         c = down;
         continue;
       }
       ++n;  // a leaf
       for (;;) {
         if (c == el) return n;
-        pugi::xml_node next = c.next_sibling();
-        while (next && next.type() != pugi::node_element) next = next.next_sibling();
-        if (next) {
+        if (pugi::xml_node next = NextElement(c)) {
           c = next;
           break;
         }
@@ -204,14 +264,8 @@ class Migrator {
       }
     }
   }
-  static bool IsLeaf(pugi::xml_node el) {
-    for (pugi::xml_node c = el.first_child(); c; c = c.next_sibling())
-      if (c.type() == pugi::node_element) return false;
-    return true;
-  }
+  static bool IsLeaf(pugi::xml_node el) { return !FirstElement(el); }
 
-  // The level of child `c` of `parent` (at position `pos` among the
-  // entries when `parent` is a collection); false for a bad index.
   // Appends element name `name` (UTF-8), the common ASCII case directly.
   static void AppendName(std::wstring& out, const char* name) {
     for (const char* p = name; *p; ++p)
@@ -222,90 +276,154 @@ class Migrator {
         out += static_cast<wchar_t>(*p);
       }
   }
+  // The name as a view; `odd` when it holds "." or "[" or is not ASCII.
+  static std::string_view ScanName(const char* name, bool& odd) {
+    const char* p = name;
+    for (; *p; ++p)
+      if (*p == '.' || *p == '[' || static_cast<unsigned char>(*p) >= 0x80) odd = true;
+    return {name, static_cast<std::size_t>(p - name)};
+  }
 
-  bool ChildLevel(const Level& parent, pugi::xml_node c, std::uint64_t pos, Level& out, bool& bad_index) {
-    out.indices = parent.indices;
+  // The path of `lv` as text: concrete (the indices as read), or as a
+  // `pattern` (the indices as "$1", "$2", outermost first).
+  static void AppendText(const Level& lv, bool pattern, std::wstring& out) {
+    if (pattern && lv.odd) {
+      out += lv.odd_pattern;
+      return;
+    }
+    if (!lv.parent) return;
+    AppendText(*lv.parent, pattern, out);
+    AppendStep(lv, pattern, out);
+  }
+  static void AppendStep(const Level& lv, bool pattern, std::wstring& out) {
+    if (lv.entry) {
+      out += L'[';
+      if (pattern) out += L'$', out += static_cast<wchar_t>(L'0' + lv.bound);
+      else if (lv.index) out += str::to_wstring(static_cast<unsigned long long>(*lv.index));
+      else out += str::to_wstring(lv.el.child("ID").child_value());
+      out += L']';
+      return;
+    }
+    if (lv.parent->parent) out += L'.';
+    AppendName(out, lv.el.name());
+  }
+  static std::wstring Path(const Level& lv) {
+    std::wstring out;
+    AppendText(lv, false, out);
+    return out;
+  }
+  static std::wstring Pattern(const Level& lv) {
+    std::wstring out;
+    AppendText(lv, true, out);
+    return out;
+  }
+
+  // The level of child `c` of `parent` (at position `pos` among the
+  // entries when `parent` is a collection; `first` is its first element);
+  // `bad_index` for an entry whose ID is no record number.
+  void ChildLevel(const Level& parent, pugi::xml_node c, pugi::xml_node first, std::uint64_t pos, Level& out,
+                  bool& bad_index) {
+    out.parent = &parent;
+    out.el = c;
     out.layout = nullptr;
+    out.tag = nullptr;
     out.member = nullptr;
     out.collection = false;
+    out.odd = parent.odd;
     bad_index = false;
     if (parent.collection) {
       // An entry: its step is the collection's own, with its index.
       std::optional<std::uint64_t> index = pos;
-      std::wstring text;
       if (pugi::xml_node id = c.child("ID"); id && (!parent.member || KeyedByID(*parent.member))) {
         index = ParseIndex(id.child_value());
         if (index && *index == 0) index.reset();
-        text = str::to_wstring(id.child_value());
       }
       bad_index = !index;
-      if (index) text = str::to_wstring(static_cast<unsigned long long>(*index));
-      out.indices.push_back(index);
-      out.path.assign(parent.path).append(L"[").append(text).append(L"]");
-      out.pattern.assign(parent.pattern).append(L"[$");
-      out.pattern += static_cast<wchar_t>(L'0' + out.indices.size());
-      out.pattern += L']';
-      out.layout = parent.member && parent.member->HoldsRecords() ? &parent.member->record().Layout() : nullptr;
-      return true;
-    }
-    out.path.assign(parent.path);
-    out.pattern.assign(parent.pattern);
-    if (!parent.path.empty()) out.path += L'.', out.pattern += L'.';
-    AppendName(out.path, c.name());
-    AppendName(out.pattern, c.name());
-    bool known = false;
-    if (parent.layout)
-      if (const oc::TagNode* n = parent.layout->Child(c.name())) {
-        known = true;
-        if (!n->member) out.layout = n;
-        else {
-          out.member = n->member;
-          if (n->member->type == oc::ValueType::Struct) out.layout = &n->member->record().Layout();
-          out.collection = n->member->type == oc::ValueType::Table || n->member->type == oc::ValueType::Array;
-          // The old layout may differ here (a single record where there is
-          // a list now): a collection holds nothing but its entries.
-          // (Its first element says which.)
-          if (out.collection)
-            for (pugi::xml_node k = c.first_child(); k; k = k.next_sibling())
-              if (k.type() == pugi::node_element) {
-                if (n->member->element_tag_utf8 != k.name()) out.collection = false, out.member = nullptr;
-                break;
-              }
-        }
+      out.entry = true;
+      out.index = index;
+      indices_.resize(parent.bound);
+      indices_.push_back(index);
+      out.bound = parent.bound + 1;
+      if (out.odd) {
+        out.odd_pattern.assign(parent.odd_pattern);
+        AppendStep(out, true, out.odd_pattern);
+        out.info = mig::Info(out.odd_pattern);
+        out.prefix = mig::LookupPrefix(out.odd_pattern);
+      } else {
+        out.info = mig::InfoAtIndex(parent.info, out.bound);
+        out.prefix = parent.prefix;  // a stem ends in a dot, never before an index
       }
+      out.layout = parent.member && parent.member->HoldsRecords() ? &parent.member->record().Layout() : nullptr;
+      return;
+    }
+    out.entry = false;
+    out.index.reset();
+    out.bound = parent.bound;
+    bool odd_name = false;
+    const std::string_view name = ScanName(c.name(), odd_name);
+    if (out.odd || odd_name) {
+      out.odd_pattern = out.odd ? parent.odd_pattern : Pattern(parent);
+      out.odd = true;
+      AppendStep(out, true, out.odd_pattern);
+      out.info = mig::Info(out.odd_pattern);
+      out.prefix = mig::LookupPrefix(out.odd_pattern);
+    } else {
+      out.info = mig::InfoBelow(parent.info, name);
+      out.prefix = parent.info && parent.info->stem ? parent.info->stem : parent.prefix;
+    }
+    bool known = false;
+    if (parent.layout) out.tag = parent.layout->Child(name);
+    if (const oc::TagNode* n = out.tag) {
+      known = true;
+      if (!n->member) out.layout = n;
+      else {
+        out.member = n->member;
+        if (n->member->type == oc::ValueType::Struct) out.layout = &n->member->record().Layout();
+        out.collection = n->member->type == oc::ValueType::Table || n->member->type == oc::ValueType::Array;
+        // The old layout may differ here (a single record where there is
+        // a list now): a collection holds nothing but its entries.
+        // (Its first element says which.)
+        if (out.collection)
+          if (first && n->member->element_tag_utf8 != first.name())
+            out.collection = false, out.member = nullptr;
+      }
+    }
     // Where today's schema does not know the element, the table's keys say
     // whether it was a collection.
-    if (!known) out.collection = mig::IsCollection(out.pattern);
-    return true;
+    if (!known) out.collection = out.info && out.info->collection;
   }
 
   // The entry for the element at `lv` (holding `text` when a leaf); the
   // enumerator entry when `enumerator` is set.
   const mig::Entry* Find(const Level& lv, pugi::xml_node el, bool leaf, bool& enumerator) {
     enumerator = false;
-    const mig::PatternInfo* info = mig::Info(lv.pattern);
+    const mig::PatternInfo* info = lv.info;
     // Only where some key names a step below the member.
     if (leaf && info && info->inner) {
       const char* text = el.child_value();
       if (*text) {
         // Keys hold no concrete index: with indices only the pattern can
         // match, without them pattern and path are one.
-        if (const mig::Entry* e = mig::Lookup(lv.pattern + L"." + str::to_wstring(text))) return enumerator = true, e;
+        std::wstring key = Pattern(lv);
+        key += L'.';
+        key += str::to_wstring(text);
+        // (A ".*" key is no enumerator: "Entry" holding "*" is a value.)
+        if (const mig::Entry* e = mig::Lookup(key); e && !e->IsPrefix()) return enumerator = true, e;
       }
     }
     if (info && info->entry) return info->entry;
-    return mig::LookupPrefix(lv.pattern);
+    return lv.prefix;
   }
 
-  // `pattern` with "$k" replaced by the k-th bound index; false when one of
-  // them is no record number.
-  static bool Substitute(std::wstring_view pattern, const Level& lv, std::wstring& out) {
+  // `pattern` with "$k" replaced by the k-th bound index of `lv`; false
+  // when one of them is no record number.
+  bool Substitute(std::wstring_view pattern, const Level& lv, std::wstring& out) const {
     out.clear();
     for (std::size_t i = 0; i < pattern.size(); ++i) {
       if (pattern[i] == L'$' && i + 1 < pattern.size() && pattern[i + 1] >= L'1' && pattern[i + 1] <= L'9') {
         const std::size_t k = static_cast<std::size_t>(pattern[i + 1] - L'1');
-        if (k >= lv.indices.size() || !lv.indices[k]) return false;
-        out += str::to_wstring(static_cast<unsigned long long>(*lv.indices[k]));
+        if (k >= lv.bound || !indices_[k]) return false;
+        out += str::to_wstring(static_cast<unsigned long long>(*indices_[k]));
         ++i;
       } else {
         out += pattern[i];
@@ -314,30 +432,43 @@ class Migrator {
     return true;
   }
 
+  // The text of an unset value of an array member, made once per load.
+  std::string_view PadOf(const oc::Member& m) {
+    auto [it, added] = pads_.try_emplace(&m);
+    if (added) {
+      oc::ScalarBox box;
+      const oc::ValueType t = m.element_type;
+      if (t == oc::ValueType::Double) *static_cast<double*>(box.Slot(t)) = qvi::kNoValue;
+      else if (t == oc::ValueType::Enum || t == oc::ValueType::Int32)
+        *static_cast<std::int32_t*>(box.Slot(t)) = qvi::kNone;
+      oc::FormatScalar(t, m.traits.enum_table, box.Slot(t), it->second);
+    }
+    return it->second;
+  }
+
   // Step `name` (with `index` when `has_index`) after `prev`, with what the
   // schema says of it; `old_entry` is the old tree's entry for a collection
-  // the schema does not know.
-  static void MakeStep(const Step* prev, std::string name, bool has_index, std::uint64_t index,
-                       pugi::xml_node old_entry, Step& s) {
+  // the schema does not know. `name` must outlive the step and end in a
+  // NUL (an element's name, or text kept by the migration). Where the
+  // step is old element `lv`'s own name from where its parent was, the
+  // node the level found is taken.
+  void MakeStep(const Step* prev, std::string_view name, bool has_index, std::uint64_t index,
+                pugi::xml_node old_entry, Step& s, const Level* lv = nullptr) {
     s = Step{};
-    s.name = std::move(name);
+    s.name = name;
     s.has_index = has_index;
     s.index = index;
-    Cursor c = prev ? prev->cur : Cursor{&RootLayout(), nullptr, false};
-    s.known = (!prev || prev->known) && Advance(c, s.name, has_index);
+    Cursor c = prev ? prev->cur : Cursor{root_layout_, nullptr, false};
+    if (!prev || prev->known)
+      s.known = lv && lv->parent && name.data() == lv->el.name() && c.node == lv->parent->layout
+                    ? AdvanceTo(c, lv->tag, has_index)
+                    : Advance(c, s.name, has_index);
     if (s.known) s.cur = c;
     const oc::Member* m = s.known ? c.member : nullptr;
     if (m && (m->type == oc::ValueType::Table || m->type == oc::ValueType::Array)) {
       s.entry_tag = m->element_tag_utf8;
       s.by_id = KeyedByID(*m);
-      if (!m->HoldsRecords()) {
-        oc::ScalarBox box;
-        const oc::ValueType t = m->element_type;
-        if (t == oc::ValueType::Double) *static_cast<double*>(box.Slot(t)) = qvi::kNoValue;
-        else if (t == oc::ValueType::Enum || t == oc::ValueType::Int32)
-          *static_cast<std::int32_t*>(box.Slot(t)) = qvi::kNone;
-        oc::FormatScalar(t, m->traits.enum_table, box.Slot(t), s.pad);
-      }
+      if (!m->HoldsRecords()) s.pad = PadOf(*m);
     } else if (old_entry) {
       s.entry_tag = old_entry.name();
       s.by_id = static_cast<bool>(old_entry.child("ID"));
@@ -346,30 +477,13 @@ class Migrator {
     }
   }
 
-  // Steps of a new path given as text; `last` is the member it reaches.
-  static bool ToSteps(std::wstring_view path, std::vector<Step>& steps, const oc::Member*& last) {
-    std::vector<TextStep> text;
-    steps.clear();
-    last = nullptr;
-    if (!SplitPath(path, text)) return false;
-    for (const TextStep& t : text) {
-      std::uint64_t index = 0;
-      if (t.has_index) {
-        const auto parsed = ParseIndex(str::to_utf8(t.index));
-        if (!parsed) return false;
-        index = *parsed;
-      }
-      Step s;
-      MakeStep(steps.empty() ? nullptr : &steps.back(), str::to_utf8(t.name), t.has_index, index, {}, s);
-      steps.push_back(std::move(s));
-    }
-    last = steps.back().known ? steps.back().cur.member : nullptr;
-    return true;
-  }
+  // Text kept for the steps that name it, until the load ends.
+  std::string_view Keep(std::string text) { return kept_.emplace_back(std::move(text)); }
 
   // An entry's replacement as steps, parsed once per load: `var[i]` is k
   // for a step indexed by "$k", 0 for a fixed index or none.
   struct Template {
+    bool made = false;
     bool ok = false;
     std::vector<Step> steps;
     std::vector<std::size_t> var;
@@ -378,9 +492,9 @@ class Migrator {
     std::string value;  // an enumerator entry's new value
   };
   const Template& TemplateOf(const mig::Entry& e, bool enumerator) {
-    auto [it, added] = templates_.try_emplace(mig::IndexOf(e) * 2 + (enumerator ? 1 : 0));
-    Template& t = it->second;
-    if (!added) return t;
+    Template& t = templates_[mig::IndexOf(e) * 2 + (enumerator ? 1 : 0)];
+    if (t.made) return t;
+    t.made = true;
     std::wstring_view repl = e.replacement, key = e.key;
     if (enumerator) {
       t.value = str::to_utf8(repl.substr(repl.rfind(L'.') + 1));
@@ -399,8 +513,8 @@ class Migrator {
         else return t;
       }
       Step s;
-      MakeStep(t.steps.empty() ? nullptr : &t.steps.back(), str::to_utf8(ts.name), ts.has_index, index, {}, s);
-      t.steps.push_back(std::move(s));
+      MakeStep(t.steps.empty() ? nullptr : &t.steps.back(), Keep(str::to_utf8(ts.name)), ts.has_index, index, {}, s);
+      t.steps.push_back(s);
       t.var.push_back(var);
     }
     t.member = t.steps.back().known ? t.steps.back().cur.member : nullptr;
@@ -409,14 +523,57 @@ class Migrator {
     return t;
   }
 
+  // Appends to `steps` (the replacement of ".*" entry `e`) the rest of the
+  // path of `lv` below the entry's stem. False when it has none.
+  bool AppendRest(const mig::Entry& e, const Level& lv, std::vector<Step>& steps) {
+    // Most often the levels below the stem say it directly: names that are
+    // single steps, entries with record numbers.
+    std::size_t below = 0;
+    bool direct = !lv.odd;
+    const Level* stem = &lv;
+    for (; stem && !(stem->info && stem->info->stem == &e); stem = stem->parent) {
+      if (stem->entry && !stem->index) direct = false;
+      ++below;
+    }
+    if (direct && stem && below > 0) {
+      rest_.clear();
+      for (const Level* l = &lv; l != stem; l = l->parent) rest_.push_back(l);
+      if (rest_.back()->entry) return false;  // no name after the stem
+      for (std::size_t i = rest_.size(); i-- > 0;) {
+        const Level& l = *rest_[i];
+        if (l.entry) return false;  // an index after an index
+        const bool indexed = i > 0 && rest_[i - 1]->entry;
+        Step s;
+        MakeStep(&steps.back(), l.el.name(), indexed, indexed ? *rest_[i - 1]->index : 0, {}, s, &l);
+        steps.push_back(s);
+        if (indexed) --i;
+      }
+      return true;
+    }
+    // Otherwise the path as text, split as the table's paths are.
+    std::wstring stem_text;
+    Substitute(std::wstring_view(e.key).substr(0, e.key.size() - 1), lv, stem_text);
+    const std::wstring path = Path(lv);
+    if (stem_text.size() > path.size()) return false;
+    std::vector<TextStep> rest;
+    if (!SplitPath(std::wstring_view(path).substr(stem_text.size()), rest)) return false;
+    for (const TextStep& ts : rest) {
+      Step s;
+      const auto index = ts.has_index ? ParseIndex(str::to_utf8(ts.index)) : std::optional<std::uint64_t>(0);
+      MakeStep(&steps.back(), Keep(str::to_utf8(ts.name)), ts.has_index, index.value_or(0), {}, s);
+      steps.push_back(s);
+    }
+    return true;
+  }
+
   Children& EntriesOf(pugi::xml_node coll, const Step& s) {
     Children& ch = children_[coll.internal_object()];
     if (!ch.indexed) {
       ch.indexed = true;
-      for (pugi::xml_node c = coll.child(s.entry_tag.c_str()); c; c = c.next_sibling(s.entry_tag.c_str())) {
+      for (pugi::xml_node c = coll.child(s.entry_tag.data()); c; c = c.next_sibling(s.entry_tag.data())) {
         std::optional<std::uint64_t> index = ch.count;
         if (s.by_id) index = ParseIndex(c.child("ID").child_value());
-        if (index) ch.by_index.try_emplace(*index, c);
+        if (index) ch.Add(*index, c);
         ++ch.count;
       }
     }
@@ -424,44 +581,60 @@ class Migrator {
   }
 
   // The element at the first `n` of `steps`, made where missing.
-  // Placements come in runs below one record: the elements of the last
-  // path made are remembered, and a path walks on from its common part.
+  // Placements come in runs below one record, and the values of one old
+  // record go to a few places (the record, a shared one, a list of
+  // values): the elements of the last few paths made are remembered, and a
+  // path walks on from its longest common part with one of them.
   pugi::xml_node Ensure(const std::vector<Step>& steps, std::size_t n) {
-    pugi::xml_node at = root_;
-    std::size_t i = 0;
-    while (i < n && i < memo_.size() && memo_[i].name == steps[i].name &&
-           memo_[i].has_index == steps[i].has_index && memo_[i].index == steps[i].index)
-      at = memo_[i++].node;
-    memo_.resize(i);
+    const auto common = [&](const std::vector<Made>& memo) {
+      std::size_t i = 0;
+      while (i < n && i < memo.size() && memo[i].has_index == steps[i].has_index &&
+             memo[i].index == steps[i].index && memo[i].name == steps[i].name)
+        ++i;
+      return i;
+    };
+    // The path taken last, most often.
+    std::size_t slot = last_, i = common(memos_[last_]);
+    if (i < n)
+      for (std::size_t k = 0; k < memos_.size(); ++k) {
+        if (k == last_) continue;
+        const std::size_t c = common(memos_[k]);
+        if (c > i || (i == 0 && used_[k] < used_[slot])) slot = k, i = c;
+      }
+    last_ = slot;
+    used_[slot] = ++clock_;
+    std::vector<Made>& memo = memos_[slot];
+    pugi::xml_node at = i ? memo[i - 1].node : root_;
+    memo.resize(i);
     for (; i < n; ++i) {
       const Step& s = steps[i];
-      pugi::xml_node next = at.child(s.name.c_str());
-      at = next ? next : at.append_child(s.name.c_str());
+      pugi::xml_node next = at.child(s.name.data());
+      at = next ? next : at.append_child(s.name.data());
       if (!s.has_index) {
-        memo_.push_back({s.name, false, 0, at});
+        memo.push_back({std::string(s.name), false, 0, at});
         continue;
       }
       Children& entries = EntriesOf(at, s);
-      auto e = entries.by_index.find(s.index);
-      if (e == entries.by_index.end()) {
+      pugi::xml_node e = entries.Find(s.index);
+      if (!e) {
         if (s.by_id) {
-          pugi::xml_node made = at.append_child(s.entry_tag.c_str());
-          made.append_child("ID").text() = std::to_string(s.index).c_str();
-          e = entries.by_index.emplace(s.index, made).first;
+          e = at.append_child(s.entry_tag.data());
+          e.append_child("ID").text() = std::to_string(s.index).c_str();
+          entries.Add(s.index, e);
           ++entries.count;
         } else {
           // Positions before the one asked for are filled with empty
           // entries (a record at its defaults, a value unset).
           while (entries.count <= s.index) {
-            pugi::xml_node made = at.append_child(s.entry_tag.c_str());
-            if (!s.pad.empty()) made.text() = s.pad.c_str();
-            entries.by_index.emplace(entries.count++, made);
+            pugi::xml_node made = at.append_child(s.entry_tag.data());
+            if (!s.pad.empty()) made.text() = s.pad.data();
+            entries.Add(entries.count++, made);
           }
-          e = entries.by_index.find(s.index);
+          e = entries.Find(s.index);
         }
       }
-      at = e->second;
-      memo_.push_back({s.name, s.has_index, s.index, at});
+      at = e;
+      memo.push_back({std::string(s.name), s.has_index, s.index, at});
     }
     return at;
   }
@@ -482,24 +655,48 @@ class Migrator {
       return;
     }
     pugi::xml_node parent = Ensure(steps, steps.size() - 1);
-    if (pugi::xml_node there = parent.child(last.name.c_str())) {
+    if (pugi::xml_node there = parent.child(last.name.data())) {
       if (leaf || IsLeaf(there)) {
-        children_.erase(there.internal_object());
-        memo_.clear();
+        Forget(there);
         parent.remove_child(there);
       } else {
         MoveChildren(el, there);
         return;
       }
     }
-    if (last.name != el.name()) el.set_name(last.name.c_str());
+    if (last.name != el.name()) el.set_name(last.name.data());
     // A collection moved whole takes the entry name of its new place
     // ("GeometryItems.Edges" holds <Edge>, "GeometryItems.Lines" <Lines>).
     if (!leaf && last.known && last.cur.member &&
         (last.cur.member->type == oc::ValueType::Table || last.cur.member->type == oc::ValueType::Array))
       for (pugi::xml_node c = el.first_child(); c; c = c.next_sibling())
-        if (c.type() == pugi::node_element && last.entry_tag != c.name()) c.set_name(last.entry_tag.c_str());
+        if (c.type() == pugi::node_element && last.entry_tag != c.name()) c.set_name(last.entry_tag.data());
     parent.append_move(el);
+  }
+
+  // Drops what is remembered of `gone` and the elements below it, which are
+  // about to be removed from the new tree.
+  void Forget(pugi::xml_node gone) {
+    // A remembered path runs from the root: `gone` is on it, or nothing
+    // below it is.
+    for (std::vector<Made>& memo : memos_)
+      for (std::size_t i = 0; i < memo.size(); ++i)
+        if (memo[i].node == gone) {
+          memo.resize(i);
+          break;
+        }
+    if (children_.empty()) return;
+    children_.erase(gone.internal_object());
+    for (pugi::xml_node c = FirstElement(gone); c;) {
+      children_.erase(c.internal_object());
+      if (pugi::xml_node down = FirstElement(c)) {
+        c = down;
+        continue;
+      }
+      while (c != gone && !NextElement(c)) c = c.parent();
+      if (c == gone) break;
+      c = NextElement(c);
+    }
   }
 
   void MoveChildren(pugi::xml_node from, pugi::xml_node to) {
@@ -513,16 +710,25 @@ class Migrator {
     }
   }
 
-  // Checks the text of value `el`, moved from `old_path` to `new_path`,
-  // against the member `m` it lands in.
+  // Checks the text of value `el` (at `lv`), moved by entry `e`, against
+  // the member `m` it lands in.
   void Check(pugi::xml_node el, const Level& lv, const mig::Entry& e, bool enumerator, const oc::Member* m) {
-    if (!m || !oc::IsScalar(m->ScalarType())) return;
+    // Any text is a string.
+    if (!m || !oc::IsScalar(m->ScalarType()) || m->ScalarType() == oc::ValueType::WString) return;
+    const char* text = el.child_value();
+    // The few enumerator texts of a document recur in every record: each
+    // is looked up in its table once.
+    const bool enumeration = m->ScalarType() == oc::ValueType::Enum && m->traits.enum_table;
+    if (enumeration && known_enumerators_.contains(EnumText{m->traits.enum_table, text})) return;
     oc::ScalarBox box;
     gtl::status warning;
-    const char* text = el.child_value();
     const bool parsed = oc::ParseScalar(m->ScalarType(), m->traits.enum_table, text, box.Slot(m->ScalarType()), warning);
-    if (parsed && warning.succeeded()) return;
-    // The new path, for the message.
+    if (parsed && warning.succeeded()) {
+      if (enumeration) known_enumerators_.insert(EnumText{m->traits.enum_table, text});
+      return;
+    }
+    // The paths, for the message.
+    const std::wstring old_path = Path(lv);
     std::wstring_view repl = e.replacement;
     if (enumerator) repl = repl.substr(0, repl.rfind(L'.'));
     std::wstring new_path;
@@ -530,9 +736,8 @@ class Migrator {
     if (e.IsPrefix()) {
       std::wstring stem;
       Substitute(std::wstring_view(e.key).substr(0, e.key.size() - 1), lv, stem);
-      new_path += lv.path.substr(stem.size());
+      if (stem.size() <= old_path.size()) new_path += old_path.substr(stem.size());
     }
-    const std::wstring& old_path = lv.path;
     if (!parsed) {
       err_.ReportError(gtl::status::error(kMsgWrongType, str::to_wstring(text), old_path, Line(el),
                                           oc::TypeName(m->ScalarType()), new_path));
@@ -545,6 +750,7 @@ class Migrator {
 
   void Tally(const mig::Entry& e, MigrationAction action, std::size_t values) {
     Count& c = counts_[mig::IndexOf(e)];
+    c.used = true;
     c.action = action;
     c.values += values;
   }
@@ -553,32 +759,38 @@ class Migrator {
   // the new path `to`.
   void Walk(pugi::xml_node el, const Level& lv, std::vector<Step>& to, std::size_t depth) {
     if (depth > kMaxDepth) {
-      err_.ReportError(gtl::status::error(kMsgTooDeep, lv.path, Line(el)));
+      err_.ReportError(gtl::status::error(kMsgTooDeep, Path(lv), Line(el)));
       return;
     }
-    std::vector<pugi::xml_node> kids;
-    for (pugi::xml_node c = el.first_child(); c; c = c.next_sibling())
-      if (c.type() == pugi::node_element) kids.push_back(c);
     std::uint64_t pos = 0;
     Level child;
-    std::vector<Step> steps;
-    for (pugi::xml_node c : kids) {
+    // The steps of an entry's replacement, in a buffer of this depth that
+    // the walks of the elements of this depth share.
+    if (step_buffers_.size() <= depth) step_buffers_.resize(depth + 1);
+    std::vector<Step>& steps = step_buffers_[depth];
+    // Handling an element moves nothing but itself and what it holds: its
+    // next sibling is taken first.
+    pugi::xml_node next;
+    for (pugi::xml_node c = FirstElement(el); c; c = next) {
+      next = NextElement(c);
       bool bad_index = false;
       if (lv.collection && std::string_view(c.name()) == "ID") continue;  // not an entry
-      ChildLevel(lv, c, pos, child, bad_index);
+      const pugi::xml_node first = FirstElement(c);
+      const bool leaf = !first;
+      ChildLevel(lv, c, first, pos, child, bad_index);
       if (lv.collection) ++pos;
-      const bool leaf = IsLeaf(c);
       bool enumerator = false;
       const mig::Entry* e = Find(child, c, leaf, enumerator);
       // An entry that moves an element into an entry of its own name
       // ("ShakeItems" becomes "ShakeItems[1].Entry") is for the old single
       // record; an element that already holds today's entries stays.
-      if (e && child.collection && child.member && e->replacement.starts_with(child.path + L"[")) e = nullptr;
+      if (e && child.collection && child.member && e->replacement.find(L'[') != std::wstring::npos &&
+          e->replacement.starts_with(Path(child) + L"["))
+        e = nullptr;
       if (e && e->Dropped()) {
         Tally(*e, MigrationAction::Dropped, Leaves(c));
         continue;
       }
-      const oc::Member* member = nullptr;
       if (e) {
         const Template& t = TemplateOf(*e, enumerator);
         if (!t.ok) continue;  // only a malformed table could get here
@@ -587,34 +799,25 @@ class Migrator {
         for (std::size_t i = 0; i < steps.size(); ++i)
           if (t.var[i]) {
             const std::size_t k = t.var[i] - 1;
-            if (k >= child.indices.size() || !child.indices[k]) bound = false;
-            else steps[i].index = *child.indices[k];
+            if (k >= child.bound || !indices_[k]) bound = false;
+            else steps[i].index = *indices_[k];
           }
         if (!bound) {
           err_.ReportError(gtl::status::error(kMsgBadIndex, str::to_wstring(c.child("ID").child_value()),
-                                              child.path, Line(c), e->replacement));
+                                              Path(child), Line(c), e->replacement));
           continue;
         }
         const oc::Member* member = t.member;
         if (e->IsPrefix()) {
-          // The rest of the path below the key's stem, step by step.
-          std::wstring stem;
-          Substitute(std::wstring_view(e->key).substr(0, e->key.size() - 1), child, stem);
-          std::vector<TextStep> rest;
-          if (!SplitPath(std::wstring_view(child.path).substr(stem.size()), rest)) continue;
-          for (const TextStep& ts : rest) {
-            Step s;
-            const auto index = ts.has_index ? ParseIndex(str::to_utf8(ts.index)) : std::optional<std::uint64_t>(0);
-            MakeStep(&steps.back(), str::to_utf8(ts.name), ts.has_index, index.value_or(0), {}, s);
-            steps.push_back(std::move(s));
-          }
+          if (!AppendRest(*e, child, steps)) continue;
           member = steps.back().known ? steps.back().cur.member : nullptr;
         }
-        Tally(*e, t.action, Leaves(c));
+        if (!WithinReach(steps, child, c)) continue;
+        Tally(*e, t.action, leaf ? 1 : Leaves(c));
         if (enumerator) c.text() = t.value.c_str();
         // Checked where it was read: the line is that of the old file.
         if (leaf) Check(c, child, *e, enumerator, member);
-        if (!leaf && mig::MayMatchBelow(child.pattern)) {
+        if (!leaf && child.info && child.info->inner) {
           // A record stays a record where it goes, even when all it held
           // moves on; a wrapper is made only when something lands in it.
           if (steps.back().has_index) Ensure(steps, steps.size());
@@ -632,14 +835,14 @@ class Migrator {
           // A value below that an entry would move needs the index.
           Level kl;
           bool unused = false;
-          for (pugi::xml_node k = c.first_child(); k; k = k.next_sibling()) {
-            if (k.type() != pugi::node_element) continue;
-            ChildLevel(child, k, 0, kl, unused);
+          for (pugi::xml_node k = FirstElement(c); k; k = NextElement(k)) {
+            const pugi::xml_node kf = FirstElement(k);
+            ChildLevel(child, k, kf, 0, kl, unused);
             bool en = false;
-            const mig::Entry* ke = Find(kl, k, IsLeaf(k), en);
+            const mig::Entry* ke = Find(kl, k, !kf, en);
             if (ke && !ke->Dropped() && ke->replacement.find(L'$') != std::wstring::npos)
               err_.ReportError(gtl::status::error(kMsgBadIndex, str::to_wstring(c.child("ID").child_value()),
-                                                  kl.path, Line(k), ke->replacement));
+                                                  Path(kl), Line(k), ke->replacement));
           }
           // Left as it is, for the reader to report.
           pugi::xml_node coll = Ensure(to, to.size());
@@ -648,9 +851,13 @@ class Migrator {
           continue;
         }
         Step s;
-        MakeStep(to.size() > 1 ? &to[to.size() - 2] : nullptr, to.back().name, true, *child.indices.back(), c, s);
+        MakeStep(to.size() > 1 ? &to[to.size() - 2] : nullptr, to.back().name, true, *child.index, c, s, &lv);
         if (!s.known && lv.member) s.by_id = KeyedByID(*lv.member);
         std::swap(to.back(), s);
+        if (!WithinReach(to, child, c)) {
+          std::swap(to.back(), s);
+          continue;
+        }
         Stay(c, child, to, leaf, depth);
         std::swap(to.back(), s);
       } else {
@@ -658,17 +865,40 @@ class Migrator {
         if (leaf && !to.empty() && to.back().has_index && to.back().by_id && std::strcmp(c.name(), "ID") == 0)
           continue;
         Step s;
-        MakeStep(to.empty() ? nullptr : &to.back(), c.name(), false, 0, {}, s);
-        to.push_back(std::move(s));
+        MakeStep(to.empty() ? nullptr : &to.back(), c.name(), false, 0, {}, s, &child);
+        to.push_back(s);
         Stay(c, child, to, leaf, depth);
         to.pop_back();
       }
     }
   }
 
+  // False, with an error, when a step of the new path `steps` of old
+  // element `c` (at `lv`) asks for a position of a list that only
+  // entries made up to it could reach: a list is filled with unset
+  // entries up to a position, and no document of this size holds that
+  // many (an ID taken as a position, as an analysis's for its entry of an
+  // upgrade list, exceeds the records by no more than a table's spare
+  // numbers).
+  bool WithinReach(const std::vector<Step>& steps, const Level& lv, pugi::xml_node c) {
+    for (const Step& s : steps) {
+      if (!s.has_index || s.by_id || s.index <= max_position_) continue;
+      std::wstring new_path;
+      for (const Step& t : steps) {
+        if (!new_path.empty()) new_path += L'.';
+        new_path += str::to_wstring(t.name);
+        if (t.has_index) new_path += L'[' + str::to_wstring(static_cast<unsigned long long>(t.index)) + L']';
+      }
+      err_.ReportError(gtl::status::error(kMsgTooFar, str::to_wstring(static_cast<unsigned long long>(s.index)),
+                                          Path(lv), Line(c), new_path));
+      return false;
+    }
+    return true;
+  }
+
   // Element `c` (at `lv`) without an entry, at `to`.
   void Stay(pugi::xml_node c, const Level& lv, std::vector<Step>& to, bool leaf, std::size_t depth) {
-    if (!leaf && mig::MayMatchBelow(lv.pattern)) {
+    if (!leaf && lv.info && lv.info->inner) {
       if (to.back().has_index) Ensure(to, to.size());
       Walk(c, lv, to, depth + 1);
     } else {
@@ -680,17 +910,38 @@ class Migrator {
   oc::xml::ReadReport read_;
   oc::xml::impl::XMLError err_;
   MigrationReport& report_;
+  const oc::TagNode* root_layout_ = &RootLayout();
   pugi::xml_node root_;
   std::unordered_map<void*, Children> children_;
-  std::map<std::size_t, Count> counts_;
-  std::unordered_map<std::size_t, Template> templates_;
+  std::vector<Count> counts_;                     // by entry
+  std::vector<Template> templates_;               // by entry, then without or with enumerator
+  std::vector<std::optional<std::uint64_t>> indices_;  // bound by the levels of the walk, outermost first
+  std::unordered_map<const oc::Member*, std::string> pads_;
+  struct EnumText {
+    const void* table;
+    std::string text;
+    bool operator==(const EnumText&) const = default;
+  };
+  struct EnumTextHash {
+    std::size_t operator()(const EnumText& e) const {
+      return std::hash<std::string>()(e.text) ^ std::hash<const void*>()(e.table);
+    }
+  };
+  std::unordered_set<EnumText, EnumTextHash> known_enumerators_;  // texts that name a value
+  std::deque<std::string> kept_;
+  std::vector<const Level*> rest_;
+  std::deque<std::vector<Step>> step_buffers_;  // by depth
   struct Made {
     std::string name;
     bool has_index;
     std::uint64_t index;
     pugi::xml_node node;
   };
-  std::vector<Made> memo_;
+  std::array<std::vector<Made>, 4> memos_;
+  std::array<std::uint64_t, 4> used_{};  // when each was last taken
+  std::uint64_t clock_ = 0;
+  std::size_t last_ = 0;                 // the one taken last
+  std::uint64_t max_position_;           // the farthest list position a document of its size may ask for
 };
 
 }  // namespace

@@ -1,9 +1,12 @@
 #include "V7Doc/files/MigrationTable.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <deque>
 #include <unordered_map>
 #include <unordered_set>
+
+#include "QVI/str/Convert.h"
 
 namespace v7::files::migration {
 namespace {
@@ -244,12 +247,65 @@ constexpr const wchar_t* kDropped[] = {
     L"Contour.ResultContours[$1].ID",
 };
 
+// Every pattern of the table by its last step (from the pattern before it,
+// a member name or an index "[$k]"), in an open-addressed table: looked up
+// once per element of an old document, so the hash reads only the length
+// and the ends of the name.
+class StepIndex {
+ public:
+  void Add(const PatternInfo* from, std::string_view label, const PatternInfo* to) {
+    slots_.push_back({from, label, to});  // sized and placed by Seal
+  }
+  void Seal() {
+    std::vector<Slot> all = std::move(slots_);
+    std::size_t size = 16;
+    while (size < 4 * all.size()) size *= 2;
+    slots_.assign(size, Slot{});
+    mask_ = size - 1;
+    for (const Slot& s : all) {
+      std::size_t i = Hash(s.from, s.label) & mask_;
+      while (slots_[i].to) i = (i + 1) & mask_;
+      slots_[i] = s;
+    }
+  }
+  const PatternInfo* Find(const PatternInfo* from, std::string_view label) const {
+    for (std::size_t i = Hash(from, label) & mask_;; i = (i + 1) & mask_) {
+      const Slot& s = slots_[i];
+      if (!s.to) return nullptr;
+      if (s.from == from && s.label == label) return s.to;
+    }
+  }
+
+ private:
+  struct Slot {
+    const PatternInfo* from = nullptr;
+    std::string_view label;
+    const PatternInfo* to = nullptr;  // nullptr: an empty slot
+  };
+  static std::size_t Hash(const PatternInfo* from, std::string_view label) {
+    std::uint64_t h = reinterpret_cast<std::uintptr_t>(from) ^ (label.size() << 40);
+    if (!label.empty()) {
+      h ^= static_cast<unsigned char>(label.front()) | static_cast<std::uint64_t>(label.back()) << 8;
+      if (label.size() > 2)
+        h ^= static_cast<std::uint64_t>(static_cast<unsigned char>(label[label.size() / 2])) << 16 |
+             static_cast<std::uint64_t>(static_cast<unsigned char>(label[1])) << 24;
+    }
+    h *= 0x9E3779B97F4A7C15ull;  // Fibonacci hashing (Knuth, TAOCP vol. 3, 6.4)
+    return static_cast<std::size_t>(h >> 32);
+  }
+  std::vector<Slot> slots_{Slot{}};
+  std::size_t mask_ = 0;
+};
+
 struct Table {
   std::vector<Entry> entries;
   std::unordered_map<std::wstring_view, std::size_t> by_key;
   std::vector<std::size_t> prefixes;          // ".*" entries, longest first
   std::deque<std::wstring> inner_text;
   std::unordered_map<std::wstring_view, PatternInfo> info;  // by pattern
+  PatternInfo root;                                        // the empty pattern
+  std::deque<std::string> labels;
+  StepIndex steps;
 
   void Enter(std::wstring key, std::wstring replacement) {
     for (const Entry& e : entries)
@@ -282,6 +338,23 @@ struct Table {
     std::stable_sort(prefixes.begin(), prefixes.end(), [&](std::size_t a, std::size_t b) {
       return entries[a].key.size() > entries[b].key.size();
     });
+    for (std::size_t i : prefixes) {
+      const std::wstring& k = entries[i].key;
+      info.find(std::wstring_view(k).substr(0, k.size() - 2))->second.stem = &entries[i];
+    }
+    // A pattern's last step starts at its last "." or "[": the pattern
+    // before it is a key's prefix too, so it is in `info` (or is the root).
+    for (const auto& [pattern, pi] : info) {
+      const std::size_t at = pattern.find_last_of(L".[");
+      const PatternInfo* from = &root;
+      std::wstring_view label = pattern;
+      if (at != std::wstring_view::npos) {
+        from = &info.find(pattern.substr(0, at))->second;
+        label = pattern.substr(pattern[at] == L'.' ? at + 1 : at);
+      }
+      steps.Add(from, labels.emplace_back(str::to_utf8(label)), &pi);
+    }
+    steps.Seal();
   }
 };
 
@@ -328,6 +401,18 @@ const PatternInfo* Info(std::wstring_view pattern) {
   const Table& t = TheTable();
   const auto it = t.info.find(pattern);
   return it == t.info.end() ? nullptr : &it->second;
+}
+
+const PatternInfo* RootInfo() { return &TheTable().root; }
+
+const PatternInfo* InfoBelow(const PatternInfo* from, std::string_view name) {
+  return from ? TheTable().steps.Find(from, name) : nullptr;
+}
+
+const PatternInfo* InfoAtIndex(const PatternInfo* from, std::size_t k) {
+  if (!from || k < 1 || k > 9) return nullptr;  // keys bind "$1" to "$9" at most
+  const char label[] = {'[', '$', static_cast<char>('0' + k), ']'};
+  return InfoBelow(from, std::string_view(label, sizeof label));
 }
 
 std::size_t IndexOf(const Entry& e) { return static_cast<std::size_t>(&e - TheTable().entries.data()); }

@@ -56,9 +56,20 @@ struct PatternInfo {
   const Entry* entry = nullptr;  // the entry keyed by the pattern itself
   bool inner = false;            // MayMatchBelow
   bool collection = false;       // IsCollection
+  const Entry* stem = nullptr;   // the ".*" entry whose key is the pattern followed by ".*"
 };
 // The information on `pattern`, or nullptr when the table knows nothing of it.
 const PatternInfo* Info(std::wstring_view pattern);
+
+// The same, found one step at a time while a document is walked, so that no
+// path text is built: the information on the empty pattern (the document
+// root, known to no key), then on `from`'s pattern followed by member `name`
+// (UTF-8, without "." or "["; no dot before the first member), or by the
+// index "[$k]". nullptr when the table knows nothing of the longer pattern;
+// `from` may be nullptr (nothing is known below an unknown pattern).
+const PatternInfo* RootInfo();
+const PatternInfo* InfoBelow(const PatternInfo* from, std::string_view name);
+const PatternInfo* InfoAtIndex(const PatternInfo* from, std::size_t k);
 
 // The number of the entry (its position in Entries()), for reports.
 std::size_t IndexOf(const Entry& e);

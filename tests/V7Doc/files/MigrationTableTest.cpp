@@ -34,5 +34,38 @@ TEST(MigrationTable, EveryReplacementLandsInTodaysSchema) {
   EXPECT_EQ(checked, 181u);
 }
 
+// The walk finds what the table knows of a pattern one step at a time; it
+// must agree with the look-up of the whole text at every step of every key.
+TEST(MigrationTable, PatternsFoundStepByStepAgreeWithTheirText) {
+  using namespace migration;
+  for (const auto& e : Entries()) {
+    const std::wstring& k = e.key;
+    const PatternInfo* at = RootInfo();
+    std::size_t from = 0;
+    while (from < k.size()) {
+      std::size_t end = k.find_first_of(L".[", from + 1);
+      if (end == std::wstring::npos) end = k.size();
+      if (k[from] == L'[') {
+        at = InfoAtIndex(at, static_cast<std::size_t>(k[from + 2] - L'0'));
+      } else {
+        const std::size_t name = k[from] == L'.' ? from + 1 : from;
+        at = InfoBelow(at, std::string(k.begin() + name, k.begin() + end));
+      }
+      const std::wstring text = k.substr(0, end);
+      ASSERT_EQ(at, Info(text)) << std::string(text.begin(), text.end());
+      from = end;
+    }
+    EXPECT_EQ(at->entry, &e);
+    if (e.IsPrefix()) {
+      const std::wstring stem = k.substr(0, k.size() - 1);
+      EXPECT_EQ(Info(stem.substr(0, stem.size() - 1))->stem, &e);
+      EXPECT_EQ(LookupPrefix(stem + L"Anything"), &e);
+    }
+  }
+  EXPECT_EQ(InfoBelow(RootInfo(), "NoSuchMember"), nullptr);
+  EXPECT_EQ(InfoBelow(nullptr, "Analyses"), nullptr);
+  EXPECT_EQ(InfoAtIndex(InfoBelow(RootInfo(), "Analyses"), 10), nullptr);
+}
+
 }  // namespace
 }  // namespace v7::files

@@ -121,6 +121,18 @@ TEST(Migration, EdgeCasesLandWhereTheyBelong) {
        "<Points><Point><ID>1</ID><X>0.1</X><Y>20</Y></Point></Points></GrainSizeFn></GrainSizeFns>"
        "<KFns><KFn><ID>1</ID><Description>Clay</Description></KFn></KFns></Hydraulic></Material></Functions>",
        L"Functions.Material.Hydraulic.KFns[1].Name", L"Clay"},
+      {"a record holding the text of a \".*\" key's last step is no enumerator, and the rest loads",
+       "<StabItems><StabItem><ID>1</ID><Entry>*</Entry></StabItem></StabItems>"
+       "<CurrentAnalysis><NumCritialSlipSurfaces>7</NumCritialSlipSurfaces></CurrentAnalysis>",
+       L"CurrentAnalysis.NumCriticalSlipSurfaces", L"7"},
+      {"an element name holding a dot is read as the path it spells",
+       "<Analyses><Analysis><ID>1</ID><PWPOption.PhreaticCorrection>true</PWPOption.PhreaticCorrection>"
+       "</Analysis></Analyses>",
+       L"Analyses[1].PhreaticCorrection", L"true"},
+      {"records far apart in number each take their own values",
+       "<Materials><Material><ID>300</ID><Description>Far</Description></Material>"
+       "<Material><ID>1</ID><Description>Near</Description></Material></Materials>",
+       L"Materials[300].Name", L"Far"},
       {"crosswise bounds of a surface",
        "<Functions><Func3Ds><Fn3D><ID>2</ID><UserMin>4</UserMin></Fn3D></Func3Ds></Functions>",
        L"Functions.Func3Ds[2].SpecifiedMax", L"4"},
@@ -187,6 +199,10 @@ TEST(Migration, MalformedOldDocumentsNameOldAndNewPathAndLine) {
       {"an index that is no record number where a pattern binds it",
        "<Analyses>\n<Analysis><ID>x</ID><CapSuction>3</CapSuction></Analysis></Analyses>", true,
        "Index \"x\" of Analyses[x].CapSuction, line 3, is no record number; UpgradeList[1].Values[$1] cannot be reached."},
+      {"an ID taken as a list position far beyond the document's size",
+       "<Analyses>\n<Analysis><ID>99999999</ID><CapSuction>3</CapSuction></Analysis></Analyses>", true,
+       "Index 99999999 of Analyses[99999999].CapSuction, line 3, lies beyond all a document of this size can "
+       "hold; UpgradeList[1].Values[99999999] is not made."},
       {"an enumerator text that names no value: kept, with a warning",
        "<CurrentAnalysis>\n<PWPInitialOption>From the moon</PWPInitialOption></CurrentAnalysis>", false,
        "\"From the moon\" at CurrentAnalysis.PWPInitialOption, line 3, names no value of CurrentInitialCondOption "
