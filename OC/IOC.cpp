@@ -102,19 +102,20 @@ gtl::status IOC::StoreScalar(const ScalarBox& box, ValueType from) {
     FormatScalar(from, nullptr, box.Slot(from), text);
     return gtl::status::error(kMsgNotFinite, str::to_wstring(text), where_);
   }
-  double d = 0;
-  const bool undefined = (t == ValueType::Double && v.d == qvi::kNoValue) ||
-                         (t == ValueType::Int32 && v.i32 == qvi::kNone);
-  if (IsNumeric(t) && !undefined && ScalarToDouble(t, v.Slot(t), d) &&
-      ((tr.min && !(d >= *tr.min)) || (tr.max && !(d <= *tr.max))))
-    return gtl::status::error(kMsgOutOfBounds, str::to_wstring(d), where_,
-                              tr.min ? str::to_wstring(*tr.min) : L"-inf",
-                              tr.max ? str::to_wstring(*tr.max) : L"inf");
+  if (auto s = CheckBounds(t, v.Slot(t)); s.failed()) return s;
   if (void* p = Storage()) ScalarCopy(t, p, v.Slot(t));
   // A setter may accept a value with a warning (a function text kept as
   // written although it builds no function): the caller hears of it.
   else return member_->access->Store(obj_, v.Slot(t));
   return {};
+}
+
+gtl::status IOC::CheckBounds(ValueType type, const void* storage) const {
+  const auto& tr = member_->traits;
+  double d = 0;
+  if (!OutsideBounds(type, storage, tr, d)) return {};
+  return gtl::status::error(kMsgOutOfBounds, str::to_wstring(d), where_, tr.min ? str::to_wstring(*tr.min) : L"-inf",
+                            tr.max ? str::to_wstring(*tr.max) : L"inf");
 }
 
 gtl::status IOC::Get(std::wstring& out) const {

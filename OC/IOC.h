@@ -94,6 +94,8 @@ class IOC {
   void* Storage() const;  // scalar storage, or nullptr for accessor members
   gtl::status LoadScalar(ScalarBox& box) const;
   gtl::status StoreScalar(const ScalarBox& box, ValueType type);
+  // Success, or the out-of-bounds error of the value of `type` at `storage`.
+  gtl::status CheckBounds(ValueType type, const void* storage) const;
   IOC ChildOf(const TagNode& node) const;
   IOC Child(std::size_t pos) const;
 

@@ -9,8 +9,6 @@
 
 namespace oc {
 namespace {
-constexpr unsigned kMsgOutOfBounds = 31005;
-
 std::wstring Join(const std::wstring& where, const std::wstring& step) {
   return where.empty() ? step : where + L"." + step;
 }
@@ -28,15 +26,7 @@ gtl::status IOC::Verify() const {
         return OCError::not_recognized(str::to_wstring(static_cast<long long>(box.i32)), where_);
       return {};
     }
-    double d = 0;
-    const bool undefined = (t == ValueType::Double && box.d == qvi::kNoValue) ||
-                           (t == ValueType::Int32 && box.i32 == qvi::kNone);
-    if (IsNumeric(t) && !undefined && ScalarToDouble(t, box.Slot(t), d) &&
-        ((tr.min && !(d >= *tr.min)) || (tr.max && !(d <= *tr.max))))
-      return gtl::status::error(kMsgOutOfBounds, str::to_wstring(d), where_,
-                                tr.min ? str::to_wstring(*tr.min) : L"-inf",
-                                tr.max ? str::to_wstring(*tr.max) : L"inf");
-    return {};
+    return CheckBounds(t, box.Slot(t));
   }
   const bool collection = kind_ == Kind::Member &&
                           (member_->type == ValueType::Array || member_->type == ValueType::Table);

@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "OC/Scalar.h"
+#include "QVI/qvi/Markers.h"
 #include "QVI/str/Convert.h"
 
 namespace meta {
@@ -81,6 +82,14 @@ gtl::status ValidateMetaData(ValueType type, const meta::MetaDataTraits& traits)
   if (traits.IsReadOnly() && traits.IsLegacy())
     return Mismatch(type, L"a member both read-only and legacy");
   return {};
+}
+
+bool OutsideBounds(ValueType type, const void* storage, const meta::MetaDataTraits& traits, double& value) {
+  if (!traits.min && !traits.max) return false;
+  if (!IsNumeric(type) || !ScalarToDouble(type, storage, value)) return false;
+  if (type == ValueType::Double && value == qvi::kNoValue) return false;
+  if (type == ValueType::Int32 && *static_cast<const std::int32_t*>(storage) == qvi::kNone) return false;
+  return (traits.min && !(value >= *traits.min)) || (traits.max && !(value <= *traits.max));
 }
 
 }  // namespace oc

@@ -115,6 +115,11 @@ constexpr bool IsNumeric(ValueType t) {
          t == ValueType::Double;
 }
 
+// True when the number of `type` at `storage` lies outside the bounds of
+// `traits`, its value then in `value`. An undefined value (no value, none)
+// lies within any bounds: it means "not given".
+bool OutsideBounds(ValueType type, const void* storage, const meta::MetaDataTraits& traits, double& value);
+
 // Checks, at declaration, that `traits` fit a member of type `type`: bounds
 // only on numbers and in order, an enumeration table exactly on
 // enumerations, a default that parses as the type and lies within bounds.

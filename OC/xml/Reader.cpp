@@ -282,11 +282,7 @@ class Reader {
       last_kept_ = where;
     }
     double d = 0;
-    const auto& tr = m.traits;
-    if ((tr.min || tr.max) && IsNumeric(type) && ScalarToDouble(type, storage, d) &&
-        !(type == ValueType::Double && d == qvi::kNoValue) &&
-        !(type == ValueType::Int32 && *static_cast<const std::int32_t*>(storage) == qvi::kNone) &&
-        ((tr.min && !(d >= *tr.min)) || (tr.max && !(d <= *tr.max))))
+    if (OutsideBounds(type, storage, m.traits, d))
       // Kept as read: the record's own validation decides what to do with it.
       err_.ReportError(gtl::status::warning(kMsgOutOfBoundsRead, str::to_wstring(text), Where(), Line(el)));
   }

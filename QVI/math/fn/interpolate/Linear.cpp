@@ -1,5 +1,7 @@
 #include "QVI/math/fn/interpolate/Linear.h"
 
+#include "QVI/math/fn/interpolate/EvaluateWithin.h"
+
 namespace math::fn::interpolate {
 
 double Linear::OutsideValue(double u) const {
@@ -16,21 +18,14 @@ void Linear::Evaluate(const double* in, double* out, std::size_t n) const {
     for (std::size_t i = 0; i < n; ++i) out[i] = (*this)(in[i]);
     return;
   }
-  // Linear axes: operator() with the table held in locals; inputs outside
-  // the points (and NaN) take the general path. Same arithmetic, same values.
   const double* u = u_.data();
   const double* v = v_.data();
-  const double lo = u[0], hi = u[m - 1];
-  for (std::size_t i = 0; i < n; ++i) {
-    const double x = in[i];
-    if (!(x >= lo && x <= hi)) {
-      out[i] = (*this)(x);
-      continue;
-    }
-    const std::size_t k = Interval(x);
-    const double t = (x - u[k]) / (u[k + 1] - u[k]);
-    out[i] = v[k] + t * (v[k + 1] - v[k]);
-  }
+  EvaluateWithin(
+      u_, in, out, n, *this, [this](double x) { return Interval(x); },
+      [u, v](std::size_t k, double x) {
+        const double t = (x - u[k]) / (u[k + 1] - u[k]);
+        return v[k] + t * (v[k + 1] - v[k]);
+      });
 }
 
 }  // namespace math::fn::interpolate

@@ -4,6 +4,8 @@
 #include <Eigen/SparseLU>
 #include <cmath>
 
+#include "QVI/math/fn/interpolate/EvaluateWithin.h"
+
 namespace math::fn::interpolate {
 
 void Spline::SetSmooth(unsigned s) {
@@ -25,7 +27,8 @@ double Spline::Phi(double w, double h) const {
     // Series in s^2 (the first term is the cubic spline's weight); the next
     // term is of relative size z^4 < 1e-12.
     const double cubic = (w * w - h * h) / 6.0;
-    const double corr = s * s * ((w * w * w * w - h * h * h * h) / 120.0 - h * h * (w * w - h * h) / 36.0);
+    const double corr =
+        s * s * ((w * w * w * w - h * h * h * h) / 120.0 - h * h * (w * w - h * h) / 36.0);
     return w / h * (cubic + corr);
   }
   // sinh(s w) / sinh(s h) without overflow, for 0 <= w <= h.
@@ -185,22 +188,17 @@ void Spline::Evaluate(const double* in, double* out, std::size_t n) const {
     for (std::size_t i = 0; i < n; ++i) out[i] = (*this)(in[i]);
     return;
   }
-  // A cubic spline on linear axes: operator() with the table held in
-  // locals; inputs outside the points (and NaN) take the general path.
+  // A cubic spline (no tension) on linear axes.
   const double* u = u_.data();
   const double* f = f_.data();
   const double* m = m_.data();
-  const double lo = u[0], hi = u[count - 1];
-  for (std::size_t i = 0; i < n; ++i) {
-    const double x = in[i];
-    if (!(x >= lo && x <= hi)) {
-      out[i] = (*this)(x);
-      continue;
-    }
-    const std::size_t k = static_cast<std::size_t>(std::upper_bound(u + 1, u + count - 1, x) - u) - 1;
-    const double h = u[k + 1] - u[k], t = x - u[k], s = h - t;
-    out[i] = (f[k] * s + f[k + 1] * t) / h + (m[k] * s * (s * s - h * h) + m[k + 1] * t * (t * t - h * h)) / (6.0 * h);
-  }
+  EvaluateWithin(
+      u_, in, out, n, *this, [this](double x) { return Interval(x); },
+      [u, f, m](std::size_t k, double x) {
+        const double h = u[k + 1] - u[k], t = x - u[k], s = h - t;
+        return (f[k] * s + f[k + 1] * t) / h +
+               (m[k] * s * (s * s - h * h) + m[k + 1] * t * (t * t - h * h)) / (6.0 * h);
+      });
 }
 
 }  // namespace math::fn::interpolate
