@@ -60,7 +60,8 @@ void ThroughIFn(benchmark::State& state, const wchar_t* text, double lo, double 
 }
 
 void Inline(benchmark::State& state, const wchar_t* text, double lo, double hi, bool log) {
-  bench::EachQuery(state, Inputs(lo, hi, log), InlineTable(bench::MakeUpdated(text), log));
+  const InlineTable t(bench::MakeUpdated(text), log);
+  bench::EachQuery(state, Inputs(lo, hi, log), t);
 }
 
 void BM_GReductionIFn(benchmark::State& s) {
