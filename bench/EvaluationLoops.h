@@ -39,18 +39,6 @@ inline void WholeArray(benchmark::State& state, const v7::IFn& fn, const std::ve
   state.SetItemsProcessed(state.iterations() * static_cast<std::int64_t>(queries.size()));
 }
 
-// The sum of `f(p.x, p.y)` over the points of a surface query, one call at
-// a time (the sum keeps every value alive); an item is a point.
-template <class Points, class F>
-void SumOverPoints(benchmark::State& state, const Points& points, const F& f) {
-  for (auto _ : state) {
-    double sum = 0;
-    for (const auto& p : points) sum += f(p.x, p.y);
-    benchmark::DoNotOptimize(sum);
-  }
-  state.SetItemsProcessed(state.iterations() * static_cast<std::int64_t>(points.size()));
-}
-
 // `solve(item)` for every item, which counts 1 for an item solved; a run
 // that leaves an item unsolved is reported as an error rather than timed.
 template <class Item, class Solve>

@@ -65,7 +65,8 @@ void ThroughIFnArray(benchmark::State& state, const wchar_t* text, double lo, do
 }
 
 void Inline(benchmark::State& state, const wchar_t* text, double lo, double hi, bool log) {
-  bench::EachQuery(state, Inputs(lo, hi, log), InlineTable(bench::MakeUpdated(text), log));
+  const InlineTable t(bench::MakeUpdated(text), log);
+  bench::EachQuery(state, Inputs(lo, hi, log), t);
 }
 
 void BM_GReductionIFn(benchmark::State& s) {

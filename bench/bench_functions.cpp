@@ -54,7 +54,9 @@ BENCHMARK(BM_IFnSplineArray);
 void BM_HandLinear(benchmark::State& state) {
   std::vector<double> xs, ys;
   for (const auto& pt : Points()) xs.push_back(pt.x), ys.push_back(pt.y);
-  bench::EachQuery(state, Queries(), [&](double x) {
+  // Captured by value, as locals that nothing else sees: DoNotOptimize's
+  // memory clobber would reload them through a reference after every query.
+  bench::EachQuery(state, Queries(), [xs, ys](double x) {
     const std::size_t i = Segment(xs, x);
     return ys[i] + (x - xs[i]) / (xs[i + 1] - xs[i]) * (ys[i + 1] - ys[i]);
   });
@@ -70,7 +72,7 @@ void BM_HandSpline(benchmark::State& state) {
   const auto& sp = dynamic_cast<const v7::FnSpline&>(*fn).Spline();
   std::vector<double> xs, ys = sp.KnotValues(), m = sp.KnotCurvatures();
   for (const auto& pt : sp.Points()) xs.push_back(pt.x);
-  bench::EachQuery(state, Queries(), [&](double x) {
+  bench::EachQuery(state, Queries(), [xs, ys, m](double x) {
     const std::size_t i = Segment(xs, x);
     const double h = xs[i + 1] - xs[i], t = x - xs[i], s = h - t;
     return (ys[i] * s + ys[i + 1] * t) / h + (m[i] * s * (s * s - h * h) + m[i + 1] * t * (t * t - h * h)) / (6 * h);
