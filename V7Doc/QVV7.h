@@ -7,6 +7,7 @@
 #include "V7Doc/core/DeclaredReferences.h"
 #include "V7Doc/core/GID.h"
 #include "V7Doc/core/IQVContainer.h"
+#include "V7Doc/core/NestedTableOwner.h"
 #include "V7Doc/core/QVContainerAssoc.h"
 #include "V7Doc/core/QVContainerManager.h"
 #include "V7Doc/core/QVContainerPolicies.h"

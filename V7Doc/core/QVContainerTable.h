@@ -11,8 +11,11 @@
 //
 // Under QVContainerOpUndoPolicy a registered table records each operation
 // into its manager's undo history (TableUndoLog.h), one step per operation
-// unless a transaction is open. A record is changed undoably through
-// Change; writing through At or operator[] is not recorded.
+// unless a transaction is open; so does a table inside another container's
+// records once that container attaches it (NestedTableOwner.h). A record is
+// changed undoably through Change; writing through At or operator[] is not
+// recorded. Assigning other records to such a table is not recorded
+// either: it drops the history, which could no longer restore the table.
 #include <algorithm>
 #include <cassert>
 #include <functional>
@@ -22,6 +25,7 @@
 
 #include "V7Doc/core/CompressedIterator.h"
 #include "V7Doc/core/IQVContainer.h"
+#include "V7Doc/core/NestedTableOwner.h"
 #include "V7Doc/core/QVContainerPolicies.h"
 #include "V7Doc/core/TableUndoLog.h"
 
@@ -41,6 +45,30 @@ class QVContainerTable : public Base {
   using const_iterator = CompressedIterator<const storage_type, traits_type>;
 
   QVContainerTable() = default;
+  QVContainerTable(const QVContainerTable&) = default;
+  QVContainerTable(QVContainerTable&&) = default;
+  // Assigning keeps the table's own registration and attachment.
+  QVContainerTable& operator=(const QVContainerTable& o) {
+    if (this != &o) {
+      Replacing(o.slots_);
+      Base::operator=(o);
+      slots_ = o.slots_;
+    }
+    return *this;
+  }
+  QVContainerTable& operator=(QVContainerTable&& o) {
+    if (this != &o) {
+      Replacing(o.slots_);
+      Base::operator=(o);
+      slots_ = std::move(o.slots_);
+    }
+    return *this;
+  }
+
+  // Records this table's edits into the history of `owner`, whose records
+  // hold it (null: records nothing). For undoable tables that are not
+  // registered; the owner calls it.
+  void AttachTo(NestedTableOwner* owner) { link_.owner = owner; }
 
   // Trims trailing tombstones, then appends a copy of `rec` as the last slot.
   // The new record's ID is the slot count after the append.
@@ -276,25 +304,76 @@ class QVContainerTable : public Base {
   };
   using op_scope = std::conditional_t<OpPolicy::kRecordsUndo, UndoHistory::Scope, NoScope>;
 
+  // The history this table's edits go to, recording or not; null when none.
+  UndoHistory* AnyHistory() const {
+    if constexpr (OpPolicy::kRecordsUndo) {
+      if (this->IsRegistered()) return HistoryOf(*this);
+      return link_.owner ? link_.owner->History() : nullptr;
+    } else {
+      return nullptr;
+    }
+  }
   UndoHistory* History() const {
-    if constexpr (OpPolicy::kRecordsUndo) return this->IsRegistered() ? RecordingHistoryOf(*this) : nullptr;
-    else return nullptr;
+    if constexpr (OpPolicy::kRecordsUndo) {
+      if (this->IsRegistered()) return RecordingHistoryOf(*this);
+      UndoHistory* h = link_.owner ? link_.owner->History() : nullptr;
+      return h && h->Recording() ? h : nullptr;
+    } else {
+      return nullptr;
+    }
   }
   // This operation's log: the one the open step already has for this table,
-  // or a new one; null when nothing is recorded.
+  // or a new one; null when nothing is recorded (a nested table that its
+  // owner does not hold: a copy).
   undo_log* Log(UndoHistory* h) {
     if constexpr (OpPolicy::kRecordsUndo) {
       if (!h) return nullptr;
-      if (UndoEntry* e = h->LastEntry(&slots_)) return static_cast<undo_log*>(e);
-      auto log = std::make_unique<undo_log>(slots_, *this);
+      typename undo_log::Where where;
+      if (this->IsRegistered()) {
+        where.slots = &slots_;
+        where.table = this;
+      } else if (link_.owner && link_.owner->PlaceOf(*this, where.place)) {
+        where.owner = link_.owner;
+        where.slotsOf = &SlotsOf;
+      } else {
+        return nullptr;
+      }
+      if (UndoEntry* e = h->LastEntry(where.owner ? undo_log::NestedTag() : &slots_))
+        if (auto* log = static_cast<undo_log*>(e); log->Logs(where)) return log->Open(slots_);
+      auto log = std::make_unique<undo_log>(where);
       undo_log* raw = log.get();
       h->Record(std::move(log));
-      return raw;
+      return raw->Open(slots_);
     } else {
       (void)h;
       return nullptr;
     }
   }
+  static storage_type& SlotsOf(IQVContainer& table) { return static_cast<QVContainerTable&>(table).slots_; }
+
+  // An undoable table that records is given other records without a
+  // record of it: its history could no longer put it back.
+  void Replacing(const storage_type& next) {
+    if constexpr (OpPolicy::kRecordsUndo) {
+      UndoHistory* h = AnyHistory();
+      if (!h || h->Replaying()) return;
+      if (next.size() == slots_.size() &&
+          std::equal(next.begin(), next.end(), slots_.begin(),
+                     [](const T& a, const T& b) { return undo_detail::Equal(a, b); }))
+        return;
+      h->Unrestorable();
+    } else {
+      (void)next;
+    }
+  }
+
+  // A nested table's attachment: per object, as a registration is.
+  struct NestedLink {
+    NestedTableOwner* owner = nullptr;
+    NestedLink() = default;
+    NestedLink(const NestedLink&) {}
+    NestedLink& operator=(const NestedLink&) { return *this; }
+  };
 
   void PopSlot(undo_log* log) {
     if (log) log->Pop();
@@ -335,6 +414,7 @@ class QVContainerTable : public Base {
   }
 
   storage_type slots_;
+  NestedLink link_;
 };
 
 }  // namespace v7
