@@ -14,6 +14,7 @@
 #include "V7Doc/core/QVContainerTable.h"
 #include "V7Doc/core/TableUndoLog.h"
 #include "V7Doc/core/UndoHistory.h"
+#include "V7Doc/core/UndoImageStore.h"
 
 #include "V7Doc/document/Associations.h"
 #include "V7Doc/document/DocumentTransaction.h"

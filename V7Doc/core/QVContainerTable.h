@@ -102,7 +102,7 @@ class QVContainerTable : public Base {
     UndoHistory* h = History();
     op_scope scope(h);
     // `rec` is not the slot itself here (that would have been equal).
-    if (undo_log* log = Log(h)) log->Replace(id - 1);
+    if (undo_log* log = Log(h, true)) log->Replace(id - 1);
     undo_detail::Assign(slot, rec);
     IDPolicy::SetID(slot, id);
     return true;
@@ -113,7 +113,7 @@ class QVContainerTable : public Base {
   void Delete(const std::vector<GID>& ids) {
     UndoHistory* h = History();
     op_scope scope(h);
-    undo_log* log = Log(h);
+    undo_log* log = Log(h, ids.size() == 1);
     std::vector<GID> deleted;
     for (GID id : ids) {
       if (Find(id) == end()) continue;
@@ -295,6 +295,7 @@ class QVContainerTable : public Base {
     void Push() {}
     void Pop() {}
     void Swap(std::size_t, std::size_t) {}
+    void Notice(Kind, GID) {}
     void Notice(Kind, const std::vector<GID>&) {}
   };
   using undo_log =
@@ -324,8 +325,9 @@ class QVContainerTable : public Base {
   }
   // This operation's log: the one the open step already has for this table,
   // or a new one; null when nothing is recorded (a nested table that its
-  // owner does not hold: a copy).
-  undo_log* Log(UndoHistory* h) {
+  // owner does not hold: a copy). `takesOne`: the operation takes one
+  // record out (a change, the deletion of one).
+  undo_log* Log(UndoHistory* h, bool takesOne = false) {
     if constexpr (OpPolicy::kRecordsUndo) {
       if (!h) return nullptr;
       typename undo_log::Where where;
@@ -340,12 +342,12 @@ class QVContainerTable : public Base {
       }
       if (UndoEntry* e = h->LastEntry(where.owner ? undo_log::NestedTag() : &slots_))
         if (auto* log = static_cast<undo_log*>(e); log->Logs(where)) return log->Open(slots_);
-      auto log = std::make_unique<undo_log>(where);
+      auto log = undo_log::Make(where, takesOne);
       undo_log* raw = log.get();
       h->Record(std::move(log));
       return raw->Open(slots_);
     } else {
-      (void)h;
+      (void)h, (void)takesOne;
       return nullptr;
     }
   }
@@ -392,7 +394,7 @@ class QVContainerTable : public Base {
     }
     if (log) log->Push();
     if (this->IsRegistered()) {
-      if (log) log->Notice(undo_log::Kind::Add, {id});
+      if (log) log->Notice(undo_log::Kind::Add, id);
       NotifyAdd(*this, {id});
     }
     return iterator(&slots_, slots_.size() - 1, false);

@@ -24,13 +24,14 @@
 // replay nothing to do; its owner has dropped the history by then.
 #include <algorithm>
 #include <cstdint>
-#include <deque>
+#include <memory>
 #include <utility>
 #include <vector>
 
 #include "V7Doc/core/IQVContainer.h"
 #include "V7Doc/core/NestedTableOwner.h"
 #include "V7Doc/core/UndoHistory.h"
+#include "V7Doc/core/UndoImageStore.h"
 
 namespace v7 {
 
@@ -56,7 +57,7 @@ std::vector<GID> InvertMap(const std::vector<GID>& renumber);
 }  // namespace undo_detail
 
 template <class T, class IDPolicy>
-class TableUndoLog final : public UndoEntry {
+class TableUndoLog : public UndoEntry {
  public:
   enum class Kind : std::uint8_t { Replace, Push, Pop, Swap, Add, Delete, Renumber };
 
@@ -71,6 +72,9 @@ class TableUndoLog final : public UndoEntry {
   };
 
   explicit TableUndoLog(const Where& where) : where_(where) {}
+  // A log for an operation that takes one record out (a change, a
+  // deletion): the record's room comes with the log, one allocation.
+  static std::unique_ptr<TableUndoLog> Make(const Where& where, bool takesOne);
 
   // What the log's owner is for UndoHistory::LastEntry: a registered
   // table's slots; for every nested table of this record type one tag,
@@ -86,39 +90,41 @@ class TableUndoLog final : public UndoEntry {
 
   // The slot's content before a change, moved out of it.
   void Replace(std::size_t slot) {
-    ops_.push_back({Kind::Replace, static_cast<std::uint32_t>(slot), Image(std::move((*slots_)[slot]))});
+    Append({Kind::Replace, static_cast<std::uint32_t>(slot), images_.Push(std::move((*slots_)[slot]))});
   }
   // The appended slot gets an image only when it is first taken out (by
   // an undo), so that recording an add costs no record.
-  void Push() { ops_.push_back({Kind::Push, 0, kNoImage}); }
+  void Push() { Append({Kind::Push, 0, kNoImage}); }
   // Call before the last slot is destroyed: it moves into the log.
-  void Pop() { ops_.push_back({Kind::Pop, 0, Image(std::move(slots_->back()))}); }
+  void Pop() { Append({Kind::Pop, 0, images_.Push(std::move(slots_->back()))}); }
   void Swap(std::size_t a, std::size_t b) {
-    ops_.push_back({Kind::Swap, static_cast<std::uint32_t>(a), static_cast<std::uint32_t>(b)});
+    Append({Kind::Swap, static_cast<std::uint32_t>(a), static_cast<std::uint32_t>(b)});
   }
+  // A notice of one record keeps its ID in the operation itself.
+  void Notice(Kind kind, GID id) { Append({kind, id, 1}); }
   void Notice(Kind kind, const std::vector<GID>& ids) {
-    ops_.push_back({kind, static_cast<std::uint32_t>(ids_.size()), static_cast<std::uint32_t>(ids.size())});
+    if (ids.size() == 1 && kind != Kind::Renumber) return Notice(kind, ids[0]);
+    Append({kind, static_cast<std::uint32_t>(ids_.size()), static_cast<std::uint32_t>(ids.size())});
     ids_.insert(ids_.end(), ids.begin(), ids.end());
   }
 
   void Undo() override {
     if (!Locate()) return;
-    for (std::size_t i = ops_.size(); i > 0; --i) Apply(ops_[i - 1], true);
+    for (std::size_t i = Count(); i > 0; --i) Apply(At(i - 1), true);
   }
   void Redo() override {
     if (!Locate()) return;
-    for (Op& op : ops_) Apply(op, false);
+    for (std::size_t i = 0; i < Count(); ++i) Apply(At(i), false);
   }
   std::size_t Bytes() const override {
-    return sizeof(*this) + ops_.capacity() * sizeof(Op) + images_.size() * sizeof(T) +
-           ids_.capacity() * sizeof(GID);
+    return sizeof(*this) + more_.capacity() * sizeof(Op) + images_.Capacity() + ids_.capacity() * sizeof(GID);
   }
   void FreeMemory() override {
-    for (T& rec : images_) undo_detail::Free(rec);
-    images_.clear();
-    images_.shrink_to_fit();
-    std::vector<Op>().swap(ops_);
+    images_.ForEach([](T& rec) { undo_detail::Free(rec); });
+    images_.Clear();
+    std::vector<Op>().swap(more_);
     std::vector<GID>().swap(ids_);
+    any_ = false;
   }
   const void* Owner() const override { return where_.owner ? NestedTag() : where_.slots; }
 
@@ -126,9 +132,22 @@ class TableUndoLog final : public UndoEntry {
   static constexpr std::uint32_t kNoImage = 0xFFFFFFFFu;
   struct Op {
     Kind kind;
-    std::uint32_t a;  // slot (Replace, Swap), first notice ID
+    std::uint32_t a;  // slot (Replace, Swap), first notice ID (the ID itself when b is 1)
     std::uint32_t b;  // image (Replace, Push, Pop), second slot (Swap), notice ID count
   };
+
+  // The first operation lives in the log itself: a step of one operation
+  // (most are) allocates no list.
+  void Append(const Op& op) {
+    if (!any_) first_ = op, any_ = true;
+    else more_.push_back(op);
+  }
+  std::size_t Count() const { return any_ ? 1 + more_.size() : 0; }
+  Op& At(std::size_t i) { return i == 0 ? first_ : more_[i - 1]; }
+  std::vector<GID> IDs(const Op& op) const {
+    if (op.b == 1 && op.kind != Kind::Renumber) return {op.a};
+    return std::vector<GID>(ids_.begin() + op.a, ids_.begin() + op.a + op.b);
+  }
 
   static constexpr char kNestedTag = 0;
 
@@ -146,10 +165,6 @@ class TableUndoLog final : public UndoEntry {
     return true;
   }
 
-  std::uint32_t Image(T&& rec) {
-    images_.push_back(std::move(rec));
-    return static_cast<std::uint32_t>(images_.size() - 1);
-  }
 
   void Apply(Op& op, bool undo) {
     switch (op.kind) {
@@ -158,7 +173,7 @@ class TableUndoLog final : public UndoEntry {
       case Kind::Pop:
         // Undoing a push and redoing a pop take the last slot out.
         if ((op.kind == Kind::Push) == undo) {
-          if (op.b == kNoImage) op.b = Image(std::move(slots_->back()));
+          if (op.b == kNoImage) op.b = images_.Push(std::move(slots_->back()));
           else images_[op.b] = std::move(slots_->back());
           slots_->pop_back();
         } else {
@@ -172,13 +187,13 @@ class TableUndoLog final : public UndoEntry {
         break;
       case Kind::Add:
       case Kind::Delete: {
-        const std::vector<GID> ids(ids_.begin() + op.a, ids_.begin() + op.a + op.b);
+        const std::vector<GID> ids = IDs(op);
         if ((op.kind == Kind::Add) == undo) NotifyDelete(*table_, Sorted(ids));
         else NotifyAdd(*table_, ids);
         break;
       }
       case Kind::Renumber: {
-        const std::vector<GID> map(ids_.begin() + op.a, ids_.begin() + op.a + op.b);
+        const std::vector<GID> map = IDs(op);
         NotifyIDUpdate(*table_, undo ? undo_detail::InvertMap(map) : map);
         break;
       }
@@ -195,10 +210,26 @@ class TableUndoLog final : public UndoEntry {
   Where where_;
   std::vector<T>* slots_ = nullptr;         // while recording or replaying
   const IQVContainer* table_ = nullptr;     // while replaying
-  std::vector<Op> ops_;
-  std::deque<T> images_;  // a deque: growing it moves no record
+  Op first_{};
+  bool any_ = false;
+  std::vector<Op> more_;
+  undo_detail::ImageStore<T> images_;
   std::vector<GID> ids_;
 };
+
+template <class T, class IDPolicy>
+std::unique_ptr<TableUndoLog<T, IDPolicy>> TableUndoLog<T, IDPolicy>::Make(const Where& where, bool takesOne) {
+  class WithRoom final : public TableUndoLog {
+   public:
+    explicit WithRoom(const Where& w) : TableUndoLog(w) { this->images_.LendFirst(&room_); }
+    ~WithRoom() override { this->images_.Clear(); }  // before the room goes
+
+   private:
+    typename undo_detail::ImageStore<T>::Raw room_;
+  };
+  if (takesOne) return std::make_unique<WithRoom>(where);
+  return std::make_unique<TableUndoLog>(where);
+}
 
 template <class T, class IDPolicy>
 std::vector<GID> TableUndoLog<T, IDPolicy>::Sorted(std::vector<GID> ids) {

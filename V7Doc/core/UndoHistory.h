@@ -154,6 +154,9 @@ class UndoHistory {
  private:
   struct Step {
     std::wstring label;
+    // A step of one entry (most are) keeps it here and needs no list;
+    // a longer one keeps them all in `entries`, oldest first.
+    std::unique_ptr<UndoEntry> single;
     std::vector<std::unique_ptr<UndoEntry>> entries;
     std::size_t bytes = 0;
   };
