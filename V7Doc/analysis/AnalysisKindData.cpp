@@ -31,6 +31,21 @@ void StabData::FullCompact() {
   EraseMissing(vPiezometricLines_);
 }
 
+IQVContainer* StabData::NestedTable(std::uint32_t i) {
+  switch (i) {
+    case 0: return &vSurcharges_;
+    case 1: return &reinforcements_;
+    case 2: return &slipSurfaces_;
+    default: return nullptr;
+  }
+}
+
+void StabData::AttachNested(NestedTableOwner* owner) {
+  vSurcharges_.AttachTo(owner);
+  reinforcements_.AttachTo(owner);
+  slipSurfaces_.AttachTo(owner);
+}
+
 void EvapoData::FullCompact() { EraseMissing(vInitialWaterTables_); }
 
 }  // namespace v7

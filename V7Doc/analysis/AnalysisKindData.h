@@ -100,6 +100,10 @@ struct StabData : AnalysisDataOf<StabData> {
   std::vector<GID> vTensionCrack_;     // "TensionCrack.DataPoints[DataPoint]": the tension crack line
   void DataInit() override { *this = StabData{}; }
   void FullCompact() override;
+  // The surcharges (0), reinforcements (1) and slip surfaces (2) record
+  // their edits for undo.
+  IQVContainer* NestedTable(std::uint32_t i) override;
+  void AttachNested(NestedTableOwner* owner) override;
   friend bool operator==(const StabData& a, const StabData& b) {
     return a.vSurcharges_ == b.vSurcharges_ && a.vPiezometricLines_ == b.vPiezometricLines_ &&
            a.dataPoints_ == b.dataPoints_ && a.reinforcements_ == b.reinforcements_ &&

@@ -100,5 +100,8 @@ class UndoHistory;
 // is not registered or nothing is to be recorded now (a step is being
 // undone or redone, or recording is suspended).
 UndoHistory* RecordingHistoryOf(const IQVContainer& c);
+// The history of a registered container's document, recording or not;
+// null when it is not registered.
+UndoHistory* HistoryOf(const IQVContainer& c);
 
 }  // namespace v7

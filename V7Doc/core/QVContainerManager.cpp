@@ -28,6 +28,8 @@ UndoHistory* RecordingHistoryOf(const IQVContainer& c) {
   return h.Recording() ? &h : nullptr;
 }
 
+UndoHistory* HistoryOf(const IQVContainer& c) { return c.IsRegistered() ? &c.Manager().History() : nullptr; }
+
 std::size_t QVContainerManager::SlotOf(GID id) {
   if (id >= 1 && id <= 73) return id;
   if (id >= 5001 && id <= 5027) return id - 4926;

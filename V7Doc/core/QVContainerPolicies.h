@@ -53,16 +53,19 @@ struct QVContainerOpPolicy {
 };
 
 // Tables whose edits take part in the document's undo history. Every table
-// operation behaves as under QVContainerOpPolicy; a registered table also
-// records it into its manager's UndoHistory (see QVContainerTable.h).
+// operation behaves as under QVContainerOpPolicy; a registered or attached
+// table also records it into its document's UndoHistory (see
+// QVContainerTable.h).
 //
 // Which tables take part: those the user edits one record at a time and
 // whose records follow the undo contract or are named undoable: materials,
 // boundary conditions, climate data, thermosyphons and convective surfaces.
 // The stability analyses' slip surfaces, surcharge and reinforcement loads
-// carry this policy too, but their tables live inside an analysis's
-// per-kind data, are not registered with the manager and so record
-// nothing yet: an edit of them is not undoable.
+// take part too: their tables live inside an analysis's per-kind data, are
+// not registered, and record into the document's history through the
+// per-kind list that holds them (NestedTableOwner.h). The analyses table
+// itself stays plain (below); an unrecorded change of it that could leave
+// such a record pointing at the wrong data drops the history instead.
 // Analyses, function lists, 3-D functions, result sets and the geometry
 // tables keep the plain policy: their table types are fixed with it, a
 // geometry edit touches thousands of records at once (remeshing, import)

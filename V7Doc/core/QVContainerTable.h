@@ -11,8 +11,11 @@
 //
 // Under QVContainerOpUndoPolicy a registered table records each operation
 // into its manager's undo history (TableUndoLog.h), one step per operation
-// unless a transaction is open. A record is changed undoably through
-// Change; writing through At or operator[] is not recorded.
+// unless a transaction is open; so does a table inside another container's
+// records once that container attaches it (NestedTableOwner.h). A record is
+// changed undoably through Change; writing through At or operator[] is not
+// recorded. Assigning other records to such a table is not recorded
+// either: it drops the history, which could no longer restore the table.
 #include <algorithm>
 #include <cassert>
 #include <functional>
@@ -22,6 +25,7 @@
 
 #include "V7Doc/core/CompressedIterator.h"
 #include "V7Doc/core/IQVContainer.h"
+#include "V7Doc/core/NestedTableOwner.h"
 #include "V7Doc/core/QVContainerPolicies.h"
 #include "V7Doc/core/TableUndoLog.h"
 
@@ -41,6 +45,30 @@ class QVContainerTable : public Base {
   using const_iterator = CompressedIterator<const storage_type, traits_type>;
 
   QVContainerTable() = default;
+  QVContainerTable(const QVContainerTable&) = default;
+  QVContainerTable(QVContainerTable&&) = default;
+  // Assigning keeps the table's own registration and attachment.
+  QVContainerTable& operator=(const QVContainerTable& o) {
+    if (this != &o) {
+      Replacing(o.slots_);
+      Base::operator=(o);
+      slots_ = o.slots_;
+    }
+    return *this;
+  }
+  QVContainerTable& operator=(QVContainerTable&& o) {
+    if (this != &o) {
+      Replacing(o.slots_);
+      Base::operator=(o);
+      slots_ = std::move(o.slots_);
+    }
+    return *this;
+  }
+
+  // Records this table's edits into the history of `owner`, whose records
+  // hold it (null: records nothing). For undoable tables that are not
+  // registered; the owner calls it.
+  void AttachTo(NestedTableOwner* owner) { link_.owner = owner; }
 
   // Trims trailing tombstones, then appends a copy of `rec` as the last slot.
   // The new record's ID is the slot count after the append.
@@ -74,7 +102,7 @@ class QVContainerTable : public Base {
     UndoHistory* h = History();
     op_scope scope(h);
     // `rec` is not the slot itself here (that would have been equal).
-    if (undo_log* log = Log(h)) log->Replace(id - 1);
+    if (undo_log* log = Log(h, true)) log->Replace(id - 1);
     undo_detail::Assign(slot, rec);
     IDPolicy::SetID(slot, id);
     return true;
@@ -85,7 +113,7 @@ class QVContainerTable : public Base {
   void Delete(const std::vector<GID>& ids) {
     UndoHistory* h = History();
     op_scope scope(h);
-    undo_log* log = Log(h);
+    undo_log* log = Log(h, ids.size() == 1);
     std::vector<GID> deleted;
     for (GID id : ids) {
       if (Find(id) == end()) continue;
@@ -267,6 +295,7 @@ class QVContainerTable : public Base {
     void Push() {}
     void Pop() {}
     void Swap(std::size_t, std::size_t) {}
+    void Notice(Kind, GID) {}
     void Notice(Kind, const std::vector<GID>&) {}
   };
   using undo_log =
@@ -276,25 +305,77 @@ class QVContainerTable : public Base {
   };
   using op_scope = std::conditional_t<OpPolicy::kRecordsUndo, UndoHistory::Scope, NoScope>;
 
-  UndoHistory* History() const {
-    if constexpr (OpPolicy::kRecordsUndo) return this->IsRegistered() ? RecordingHistoryOf(*this) : nullptr;
-    else return nullptr;
-  }
-  // This operation's log: the one the open step already has for this table,
-  // or a new one; null when nothing is recorded.
-  undo_log* Log(UndoHistory* h) {
+  // The history this table's edits go to, recording or not; null when none.
+  UndoHistory* AnyHistory() const {
     if constexpr (OpPolicy::kRecordsUndo) {
-      if (!h) return nullptr;
-      if (UndoEntry* e = h->LastEntry(&slots_)) return static_cast<undo_log*>(e);
-      auto log = std::make_unique<undo_log>(slots_, *this);
-      undo_log* raw = log.get();
-      h->Record(std::move(log));
-      return raw;
+      if (this->IsRegistered()) return HistoryOf(*this);
+      return link_.owner ? link_.owner->History() : nullptr;
     } else {
-      (void)h;
       return nullptr;
     }
   }
+  UndoHistory* History() const {
+    if constexpr (OpPolicy::kRecordsUndo) {
+      if (this->IsRegistered()) return RecordingHistoryOf(*this);
+      UndoHistory* h = link_.owner ? link_.owner->History() : nullptr;
+      return h && h->Recording() ? h : nullptr;
+    } else {
+      return nullptr;
+    }
+  }
+  // This operation's log: the one the open step already has for this table,
+  // or a new one; null when nothing is recorded (a nested table that its
+  // owner does not hold: a copy). `takesOne`: the operation takes one
+  // record out (a change, the deletion of one).
+  undo_log* Log(UndoHistory* h, bool takesOne = false) {
+    if constexpr (OpPolicy::kRecordsUndo) {
+      if (!h) return nullptr;
+      typename undo_log::Where where;
+      if (this->IsRegistered()) {
+        where.slots = &slots_;
+        where.table = this;
+      } else if (link_.owner && link_.owner->PlaceOf(*this, where.place)) {
+        where.owner = link_.owner;
+        where.slotsOf = &SlotsOf;
+      } else {
+        return nullptr;
+      }
+      if (UndoEntry* e = h->LastEntry(where.owner ? undo_log::NestedTag() : &slots_))
+        if (auto* log = static_cast<undo_log*>(e); log->Logs(where)) return log->Open(slots_);
+      auto log = undo_log::Make(where, takesOne);
+      undo_log* raw = log.get();
+      h->Record(std::move(log));
+      return raw->Open(slots_);
+    } else {
+      (void)h, (void)takesOne;
+      return nullptr;
+    }
+  }
+  static storage_type& SlotsOf(IQVContainer& table) { return static_cast<QVContainerTable&>(table).slots_; }
+
+  // An undoable table that records is given other records without a
+  // record of it: its history could no longer put it back.
+  void Replacing(const storage_type& next) {
+    if constexpr (OpPolicy::kRecordsUndo) {
+      UndoHistory* h = AnyHistory();
+      if (!h || h->Replaying()) return;
+      if (next.size() == slots_.size() &&
+          std::equal(next.begin(), next.end(), slots_.begin(),
+                     [](const T& a, const T& b) { return undo_detail::Equal(a, b); }))
+        return;
+      h->Unrestorable();
+    } else {
+      (void)next;
+    }
+  }
+
+  // A nested table's attachment: per object, as a registration is.
+  struct NestedLink {
+    NestedTableOwner* owner = nullptr;
+    NestedLink() = default;
+    NestedLink(const NestedLink&) {}
+    NestedLink& operator=(const NestedLink&) { return *this; }
+  };
 
   void PopSlot(undo_log* log) {
     if (log) log->Pop();
@@ -313,7 +394,7 @@ class QVContainerTable : public Base {
     }
     if (log) log->Push();
     if (this->IsRegistered()) {
-      if (log) log->Notice(undo_log::Kind::Add, {id});
+      if (log) log->Notice(undo_log::Kind::Add, id);
       NotifyAdd(*this, {id});
     }
     return iterator(&slots_, slots_.size() - 1, false);
@@ -335,6 +416,7 @@ class QVContainerTable : public Base {
   }
 
   storage_type slots_;
+  NestedLink link_;
 };
 
 // The named table kinds that record families derive from: the ID is the

@@ -16,14 +16,22 @@
 // costs little more than the edit. Records that follow the undo contract
 // (UndoEquality, UndoAssignment, UndoFreeMemory) are compared, assigned and
 // released through it.
+//
+// The log finds its table again at replay: a registered table by its slots
+// (a registered table stays where it is while it is registered, and its
+// history goes when it leaves), a nested table by its place in its owner
+// (NestedTableOwner.h). A nested table that is no longer there leaves the
+// replay nothing to do; its owner has dropped the history by then.
 #include <algorithm>
 #include <cstdint>
-#include <deque>
+#include <memory>
 #include <utility>
 #include <vector>
 
 #include "V7Doc/core/IQVContainer.h"
+#include "V7Doc/core/NestedTableOwner.h"
 #include "V7Doc/core/UndoHistory.h"
+#include "V7Doc/core/UndoImageStore.h"
 
 namespace v7 {
 
@@ -49,90 +57,144 @@ std::vector<GID> InvertMap(const std::vector<GID>& renumber);
 }  // namespace undo_detail
 
 template <class T, class IDPolicy>
-class TableUndoLog final : public UndoEntry {
+class TableUndoLog : public UndoEntry {
  public:
   enum class Kind : std::uint8_t { Replace, Push, Pop, Swap, Add, Delete, Renumber };
 
-  TableUndoLog(std::vector<T>& slots, const IQVContainer& table) : slots_(slots), table_(table) {}
+  // Where the table is found at replay.
+  struct Where {
+    std::vector<T>* slots = nullptr;      // a registered table's slots
+    const IQVContainer* table = nullptr;  // and the table, for its notices
+    NestedTableOwner* owner = nullptr;    // or a nested table's owner,
+    NestedTableOwner::Place place;        // its place there,
+    std::vector<T>& (*slotsOf)(IQVContainer&) = nullptr;  // and how to reach its slots
+    bool operator==(const Where&) const = default;
+  };
+
+  explicit TableUndoLog(const Where& where) : where_(where) {}
+  // A log for an operation that takes one record out (a change, a
+  // deletion): the record's room comes with the log, one allocation.
+  static std::unique_ptr<TableUndoLog> Make(const Where& where, bool takesOne);
+
+  // What the log's owner is for UndoHistory::LastEntry: a registered
+  // table's slots; for every nested table of this record type one tag,
+  // after which Logs tells the tables apart.
+  static const void* NestedTag() { return &kNestedTag; }
+  bool Logs(const Where& where) const { return where_ == where; }
+  // The table's slots as they are now, for the operations recorded next
+  // (a nested table may have moved since the log was made).
+  TableUndoLog* Open(std::vector<T>& slots) {
+    slots_ = &slots;
+    return this;
+  }
 
   // The slot's content before a change, moved out of it.
   void Replace(std::size_t slot) {
-    ops_.push_back({Kind::Replace, static_cast<std::uint32_t>(slot), Image(std::move(slots_[slot]))});
+    Append({Kind::Replace, static_cast<std::uint32_t>(slot), images_.Push(std::move((*slots_)[slot]))});
   }
   // The appended slot gets an image only when it is first taken out (by
   // an undo), so that recording an add costs no record.
-  void Push() { ops_.push_back({Kind::Push, 0, kNoImage}); }
+  void Push() { Append({Kind::Push, 0, kNoImage}); }
   // Call before the last slot is destroyed: it moves into the log.
-  void Pop() { ops_.push_back({Kind::Pop, 0, Image(std::move(slots_.back()))}); }
+  void Pop() { Append({Kind::Pop, 0, images_.Push(std::move(slots_->back()))}); }
   void Swap(std::size_t a, std::size_t b) {
-    ops_.push_back({Kind::Swap, static_cast<std::uint32_t>(a), static_cast<std::uint32_t>(b)});
+    Append({Kind::Swap, static_cast<std::uint32_t>(a), static_cast<std::uint32_t>(b)});
   }
+  // A notice of one record keeps its ID in the operation itself.
+  void Notice(Kind kind, GID id) { Append({kind, id, 1}); }
   void Notice(Kind kind, const std::vector<GID>& ids) {
-    ops_.push_back({kind, static_cast<std::uint32_t>(ids_.size()), static_cast<std::uint32_t>(ids.size())});
+    if (ids.size() == 1 && kind != Kind::Renumber) return Notice(kind, ids[0]);
+    Append({kind, static_cast<std::uint32_t>(ids_.size()), static_cast<std::uint32_t>(ids.size())});
     ids_.insert(ids_.end(), ids.begin(), ids.end());
   }
 
   void Undo() override {
-    for (std::size_t i = ops_.size(); i > 0; --i) Apply(ops_[i - 1], true);
+    if (!Locate()) return;
+    for (std::size_t i = Count(); i > 0; --i) Apply(At(i - 1), true);
   }
   void Redo() override {
-    for (Op& op : ops_) Apply(op, false);
+    if (!Locate()) return;
+    for (std::size_t i = 0; i < Count(); ++i) Apply(At(i), false);
   }
   std::size_t Bytes() const override {
-    return sizeof(*this) + ops_.capacity() * sizeof(Op) + images_.size() * sizeof(T) +
-           ids_.capacity() * sizeof(GID);
+    return sizeof(*this) + more_.capacity() * sizeof(Op) + images_.Capacity() + ids_.capacity() * sizeof(GID);
   }
   void FreeMemory() override {
-    for (T& rec : images_) undo_detail::Free(rec);
-    images_.clear();
-    images_.shrink_to_fit();
-    std::vector<Op>().swap(ops_);
+    images_.ForEach([](T& rec) { undo_detail::Free(rec); });
+    images_.Clear();
+    std::vector<Op>().swap(more_);
     std::vector<GID>().swap(ids_);
+    any_ = false;
   }
-  const void* Owner() const override { return &slots_; }
+  const void* Owner() const override { return where_.owner ? NestedTag() : where_.slots; }
 
  private:
   static constexpr std::uint32_t kNoImage = 0xFFFFFFFFu;
   struct Op {
     Kind kind;
-    std::uint32_t a;  // slot (Replace, Swap), first notice ID
+    std::uint32_t a;  // slot (Replace, Swap), first notice ID (the ID itself when b is 1)
     std::uint32_t b;  // image (Replace, Push, Pop), second slot (Swap), notice ID count
   };
 
-  std::uint32_t Image(T&& rec) {
-    images_.push_back(std::move(rec));
-    return static_cast<std::uint32_t>(images_.size() - 1);
+  // The first operation lives in the log itself: a step of one operation
+  // (most are) allocates no list.
+  void Append(const Op& op) {
+    if (!any_) first_ = op, any_ = true;
+    else more_.push_back(op);
   }
+  std::size_t Count() const { return any_ ? 1 + more_.size() : 0; }
+  Op& At(std::size_t i) { return i == 0 ? first_ : more_[i - 1]; }
+  std::vector<GID> IDs(const Op& op) const {
+    if (op.b == 1 && op.kind != Kind::Renumber) return {op.a};
+    return std::vector<GID>(ids_.begin() + op.a, ids_.begin() + op.a + op.b);
+  }
+
+  static constexpr char kNestedTag = 0;
+
+  // The table's slots and the table itself, as they are now.
+  bool Locate() {
+    if (!where_.owner) {
+      slots_ = where_.slots;
+      table_ = where_.table;
+      return true;
+    }
+    IQVContainer* t = where_.owner->TableAt(where_.place);
+    if (!t) return false;
+    slots_ = &where_.slotsOf(*t);
+    table_ = t;
+    return true;
+  }
+
 
   void Apply(Op& op, bool undo) {
     switch (op.kind) {
-      case Kind::Replace: std::swap(slots_[op.a], images_[op.b]); break;
+      case Kind::Replace: std::swap((*slots_)[op.a], images_[op.b]); break;
       case Kind::Push:
       case Kind::Pop:
         // Undoing a push and redoing a pop take the last slot out.
         if ((op.kind == Kind::Push) == undo) {
-          if (op.b == kNoImage) op.b = Image(std::move(slots_.back()));
-          else images_[op.b] = std::move(slots_.back());
-          slots_.pop_back();
+          if (op.b == kNoImage) op.b = images_.Push(std::move(slots_->back()));
+          else images_[op.b] = std::move(slots_->back());
+          slots_->pop_back();
         } else {
-          slots_.push_back(std::move(images_[op.b]));
+          slots_->push_back(std::move(images_[op.b]));
         }
         break;
       case Kind::Swap:
-        std::swap(slots_[op.a], slots_[op.b]);
+        std::swap((*slots_)[op.a], (*slots_)[op.b]);
         Renumbered(op.a);
         Renumbered(op.b);
         break;
       case Kind::Add:
       case Kind::Delete: {
-        const std::vector<GID> ids(ids_.begin() + op.a, ids_.begin() + op.a + op.b);
-        if ((op.kind == Kind::Add) == undo) NotifyDelete(table_, Sorted(ids));
-        else NotifyAdd(table_, ids);
+        const std::vector<GID> ids = IDs(op);
+        if ((op.kind == Kind::Add) == undo) NotifyDelete(*table_, Sorted(ids));
+        else NotifyAdd(*table_, ids);
         break;
       }
       case Kind::Renumber: {
-        const std::vector<GID> map(ids_.begin() + op.a, ids_.begin() + op.a + op.b);
-        NotifyIDUpdate(table_, undo ? undo_detail::InvertMap(map) : map);
+        const std::vector<GID> map = IDs(op);
+        NotifyIDUpdate(*table_, undo ? undo_detail::InvertMap(map) : map);
         break;
       }
     }
@@ -141,16 +203,33 @@ class TableUndoLog final : public UndoEntry {
   // A live record keeps its stored ID equal to its position + 1.
   void Renumbered(std::uint32_t slot) {
     if constexpr (IDPolicy::kStoresID)
-      if (!IDPolicy::IsMissing(slots_[slot])) IDPolicy::SetID(slots_[slot], slot + 1);
+      if (!IDPolicy::IsMissing((*slots_)[slot])) IDPolicy::SetID((*slots_)[slot], slot + 1);
   }
   static std::vector<GID> Sorted(std::vector<GID> ids);
 
-  std::vector<T>& slots_;
-  const IQVContainer& table_;
-  std::vector<Op> ops_;
-  std::deque<T> images_;  // a deque: growing it moves no record
+  Where where_;
+  std::vector<T>* slots_ = nullptr;         // while recording or replaying
+  const IQVContainer* table_ = nullptr;     // while replaying
+  Op first_{};
+  bool any_ = false;
+  std::vector<Op> more_;
+  undo_detail::ImageStore<T> images_;
   std::vector<GID> ids_;
 };
+
+template <class T, class IDPolicy>
+std::unique_ptr<TableUndoLog<T, IDPolicy>> TableUndoLog<T, IDPolicy>::Make(const Where& where, bool takesOne) {
+  class WithRoom final : public TableUndoLog {
+   public:
+    explicit WithRoom(const Where& w) : TableUndoLog(w) { this->images_.LendFirst(&room_); }
+    ~WithRoom() override { this->images_.Clear(); }  // before the room goes
+
+   private:
+    typename undo_detail::ImageStore<T>::Raw room_;
+  };
+  if (takesOne) return std::make_unique<WithRoom>(where);
+  return std::make_unique<TableUndoLog>(where);
+}
 
 template <class T, class IDPolicy>
 std::vector<GID> TableUndoLog<T, IDPolicy>::Sorted(std::vector<GID> ids) {

@@ -45,9 +45,15 @@ bool UndoHistory::Commit(const std::wstring& label) {
   if (open_.empty()) return true;
   Step step;
   step.label = label;
-  step.entries = std::move(open_);
-  open_.clear();
-  for (const auto& e : step.entries) step.bytes += e->Bytes();
+  if (open_.size() == 1) {
+    step.single = std::move(open_.front());
+    open_.clear();  // keeps its room for the next step
+    step.bytes = step.single->Bytes();
+  } else {
+    step.entries = std::move(open_);
+    open_.clear();
+    for (const auto& e : step.entries) step.bytes += e->Bytes();
+  }
   step.bytes += sizeof(Step) + step.entries.capacity() * sizeof(void*) + label.capacity() * sizeof(wchar_t);
   DropRedo();
   bytes_ += step.bytes;
@@ -75,6 +81,7 @@ bool UndoHistory::Undo() {
   undo_.pop_back();
   {
     Replay replay(replaying_);
+    if (step.single) step.single->Undo();
     for (std::size_t i = step.entries.size(); i > 0; --i) step.entries[i - 1]->Undo();
   }
   redo_.push_back(std::move(step));
@@ -87,6 +94,7 @@ bool UndoHistory::Redo() {
   redo_.pop_back();
   {
     Replay replay(replaying_);
+    if (step.single) step.single->Redo();
     for (auto& e : step.entries) e->Redo();
   }
   undo_.push_back(std::move(step));
@@ -97,6 +105,8 @@ std::wstring UndoHistory::UndoLabel() const { return undo_.empty() ? std::wstrin
 std::wstring UndoHistory::RedoLabel() const { return redo_.empty() ? std::wstring() : redo_.back().label; }
 
 void UndoHistory::Drop(Step& step) {
+  if (step.single) step.single->FreeMemory();
+  step.single.reset();
   for (auto& e : step.entries) e->FreeMemory();
   step.entries.clear();
 }

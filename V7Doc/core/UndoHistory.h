@@ -17,6 +17,9 @@
 // are not recorded. When such an unrecorded edit repairs a reference, the
 // history could no longer put the document back exactly, and it drops
 // itself (Invalidate): a history that cannot restore must not pretend to.
+// The same holds for an unrecorded change that would make a recorded edit
+// find the wrong records at replay (the data holding undoable tables
+// replaced or moved; NestedTableOwner.h).
 //
 // Memory. The history keeps at most Limits::maxSteps steps and, beyond the
 // newest step, at most Limits::maxBytes bytes of recorded images; the oldest
@@ -104,6 +107,8 @@ class UndoHistory {
   void Record(std::unique_ptr<UndoEntry> entry);
   // The newest entry of the open transaction when `owner` owns it, so that
   // a table appends its next operation to the log it already has; null else.
+  // (Nested tables share one owner per record type and tell their logs
+  // apart themselves.)
   UndoEntry* LastEntry(const void* owner) const {
     return !open_.empty() && open_.back()->Owner() == owner ? open_.back().get() : nullptr;
   }
@@ -149,6 +154,9 @@ class UndoHistory {
  private:
   struct Step {
     std::wstring label;
+    // A step of one entry (most are) keeps it here and needs no list;
+    // a longer one keeps them all in `entries`, oldest first.
+    std::unique_ptr<UndoEntry> single;
     std::vector<std::unique_ptr<UndoEntry>> entries;
     std::size_t bytes = 0;
   };

@@ -46,6 +46,7 @@ const Func2DTable* QVDocData::FunctionList(GID list) const {
 QVDocument::QVDocument() {
   auto& m = containerManager_;
   m.AddObserver(&keptTexts_);
+  keptTexts_.SetHistory(&m.History());
   geometry_.Init(m);
   geometry_.RegisterRegions(m);
   m.Register(&materials_, L"Materials", container::Materials);

@@ -82,8 +82,12 @@ void MATL::UndoAssignment(const MATL& other) {
 
 std::int32_t MATL::UndoFreeMemory() {
   // The function objects are shared with the live row; dropping the copy's
-  // references releases them once the row lets go too.
-  Stress_ = STRESS_PROPERTIES();
+  // references releases them once the row lets go too. Assigned from one
+  // default set made once rather than from a new one each time: making
+  // and dropping a set of handles per copy is what a history dropping many
+  // copies would pay for most.
+  static const STRESS_PROPERTIES kNone{};
+  Stress_ = kNone;
   return 0;
 }
 

@@ -4,6 +4,7 @@
 // every action the document must save exactly as the model says.
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <stdexcept>
 
 #include "V7Doc/document/DocumentTransaction.h"
@@ -36,8 +37,14 @@ class Editor {
   Editor(QVDocument& doc, Rng& rng) : doc_(doc), rng_(rng) {}
 
   // One random edit of an undoable table; every edit changes what is saved.
+  // The tables inside an analysis's stability data are reached through
+  // Get, as a user's edit reaches them.
   void Edit() {
-    switch (rng_() % 5) {
+    const GID a = 1 + rng_() % 5;
+    switch (rng_() % 8) {
+      case 5: EditTable(doc_.StabItems().Get(a).vSurcharges_, [](SurchargeLoad& s, std::wstring n) { s.name_ = n; }); break;
+      case 6: EditTable(doc_.StabItems().Get(a).reinforcements_, [](ReinforcementLoad& r, std::wstring n) { r.name_ = n; }); break;
+      case 7: EditTable(doc_.StabItems().Get(a).slipSurfaces_, [](SLIP& s, std::wstring n) { s.name_ = n; }); break;
       case 0: EditTable(doc_.Materials(), [](MATL& m, std::wstring n) { m.sDescription() = n; }); break;
       case 1: EditTable(doc_.BCs(), [](BC& b, std::wstring n) { b.name = n; }); break;
       case 2: EditTable(doc_.ClimateData(), [](CLIMATE_INFO& c, std::wstring n) { c.wsTitle = n; }); break;
@@ -46,6 +53,9 @@ class Editor {
     }
   }
   bool AnyTombstone() {
+    for (const auto& [a, d] : doc_.StabItems().Entries())
+      if (HasTombstone(d.vSurcharges_) || HasTombstone(d.reinforcements_) || HasTombstone(d.slipSurfaces_))
+        return true;
     return HasTombstone(doc_.Materials()) || HasTombstone(doc_.BCs()) || HasTombstone(doc_.ClimateData()) ||
            HasTombstone(doc_.Thermosyphons()) || HasTombstone(doc_.ConvectiveSurfaces());
   }
@@ -139,6 +149,44 @@ TEST(UndoProperty, RandomEditsUndoRedoAgainstModel) {
   while (doc.Redo()) {
   }
   EXPECT_TRUE(SameSave(Saved(doc), states.back())) << "redoing everything gives the last state";
+}
+
+// A recorded edit of an analysis's surcharges survives what leaves its
+// data where the history finds it (by analysis), and the history goes with
+// every unrecorded change that could make it find the wrong data.
+TEST(UndoProperty, NestedTablesFollowTheirAnalysis) {
+  ASSERT_TRUE(files::RegisterDocumentSchema().succeeded());
+  struct Case {
+    const char* what;
+    std::function<void(QVDocument&)> change;
+    bool kept;
+  } cases[] = {
+      {"data of a new analysis appended (the list grows and moves)", [](QVDocument& d) { d.StabItems().Get(9); }, true},
+      {"the same data assigned", [](QVDocument& d) { d.StabItems().Get(2) = StabData(d.StabItems().Get(2)); }, true},
+      {"data put between others", [](QVDocument& d) { d.StabItems().Get(6); }, false},
+      {"other data assigned", [](QVDocument& d) { d.StabItems().Get(2) = StabData(d.StabItems().Get(3)); }, false},
+      {"data reset", [](QVDocument& d) { d.StabItems().Get(2).DataInit(); }, false},
+      {"an entry erased", [](QVDocument& d) { d.StabItems().Erase(1); }, false},
+      {"the analysis deleted", [](QVDocument& d) { d.Analyses().Delete({2}); }, false},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.what);
+    QVDocument doc;
+    GenerateDocument(doc);
+    doc.StabItems().Get(7);
+    doc.UndoFreeMemory();
+    const SurchargeLoadTable before = doc.StabItems().Get(2).vSurcharges_;
+    doc.StabItems().Get(2).vSurcharges_.Add(SurchargeLoad{0, L"added"});
+    ASSERT_TRUE(doc.CanUndo());
+    c.change(doc);
+    EXPECT_EQ(doc.CanUndo(), c.kept);
+    if (c.kept) {
+      EXPECT_TRUE(doc.Undo());
+      EXPECT_TRUE(doc.StabItems().Find(2)->vSurcharges_ == before);
+      EXPECT_TRUE(doc.Redo());
+      EXPECT_EQ(doc.StabItems().Find(2)->vSurcharges_.Size(), before.Size() + 1);
+    }
+  }
 }
 
 // An edit that fails halfway, by a status or by an exception, is taken back.

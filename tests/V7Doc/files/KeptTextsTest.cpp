@@ -73,5 +73,46 @@ TEST(KeptTexts, FollowTheirRecords) {
   }
 }
 
+// Undo of an edit brings back the texts it took along or renumbered, and
+// redo takes them again: after each, the text is in the material it was in.
+TEST(KeptTexts, FollowUndoAndRedo) {
+  const std::string xml =
+      "<QVDocument Version=\"1.0\"><Materials><Material><ID>1</ID><Name>M1</Name></Material>"
+      "<Material><ID>2</ID><Name>M2</Name><StabModel>Bogus</StabModel></Material></Materials></QVDocument>";
+  static const std::regex stab(R"(<Name>([^<]*)</Name>(?:[\s\S](?!</Material>))*?<StabModel>Bogus</StabModel>)");
+  auto holder = [](const QVDocument& d) {
+    std::string saved;
+    EXPECT_TRUE(DocumentToXml(d, saved).succeeded());
+    std::smatch m;
+    return std::regex_search(saved, m, stab) ? m[1].str() : std::string("none");
+  };
+  struct Case {
+    const char* what;
+    void (*edit)(QVDocument&);
+    const char* after;
+  } cases[] = {
+      {"its record deleted", [](QVDocument& d) { d.Materials().Delete({2}); }, "none"},
+      {"another deleted and the table compacted",
+       [](QVDocument& d) {
+         d.BeginTransaction();
+         d.Materials().Delete({1});
+         d.ContainerManager().FullCompact();
+         d.CommitTransaction(L"compact");
+       },
+       "M2"},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.what);
+    QVDocument doc;
+    ASSERT_TRUE(DocumentFromXml(xml, doc, L"kept.xml").succeeded());
+    c.edit(doc);
+    EXPECT_EQ(holder(doc), c.after);
+    ASSERT_TRUE(doc.Undo());
+    EXPECT_EQ(holder(doc), "M2");
+    ASSERT_TRUE(doc.Redo());
+    EXPECT_EQ(holder(doc), c.after);
+  }
+}
+
 }  // namespace
 }  // namespace v7::files
