@@ -3,6 +3,7 @@
 #include <bit>
 #include <cmath>
 #include <cstring>
+#include <filesystem>
 #include <limits>
 #include <random>
 #include <string>
@@ -155,6 +156,10 @@ TEST_F(Xml, FileReadAndWrite) {
   ASSERT_TRUE(oc::xml::FileRead(path, oc::Store(back)).succeeded());
   EXPECT_TRUE(back == d);
   EXPECT_EQ(oc::xml::FileRead(path + L".missing", oc::Store(back)).id(), 31010u);
+  // A folder by a document's name is refused with the same status, not thrown.
+  const std::wstring folder = str::to_wstring(dir) + L"oc_folder.xml";
+  std::filesystem::create_directories(std::filesystem::path(folder));
+  EXPECT_EQ(oc::xml::FileRead(folder, oc::Store(back)).id(), 31010u);
 }
 
 }  // namespace
