@@ -92,8 +92,13 @@ class AnalysisDataByAnalysisID : public IQVContainer, public NestedTableOwner {
   }
   const std::vector<Entry>& Entries() const { return entries_; }
   // For the persistence declaration, which fills the list wholesale; a list
-  // so filled is put back in order by OnUpdateCalculatedValues.
-  std::vector<Entry>& Entries() { return entries_; }
+  // so filled is put back in order by OnUpdateCalculatedValues. Every way
+  // to the data that can change it (this, Get) attaches the tables first:
+  // a list moved in from another owner brings their old attachment along.
+  std::vector<Entry>& Entries() {
+    AttachAll();
+    return entries_;
+  }
   std::size_t Size() const { return entries_.size(); }
 
   void Clear() override {
